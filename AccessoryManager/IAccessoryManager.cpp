@@ -1,0 +1,9 @@
+#include <accessory/IAccessoryManager.h>
+
+namespace accessory {
+
+IMPLEMENT_META_INTERFACE(AccessoryManager, "accessory.AccessoryManager")
+
+AccessoryManagerImplItf::~AccessoryManagerImplItf() = default;
+
+}  // namespace accessory

@@ -1,0 +1,108 @@
+#include <binder/BpBinder.h>
+#include <binder/Parcel.h>
+
+#include <algorithm>
+
+#include "AttachedObjects.h"
+#include "Transport.h"
+
+namespace android {
+
+BpBinder::BpBinder(std::unique_ptr<runtime::RemoteObject> remote)
+    : mRemote(std::move(remote)), mAttached(std::make_unique<runtime::AttachedObjects>()) {}
+
+BpBinder::~BpBinder() = default;
+
+int32_t BpBinder::handle() const { return mRemote->handle(); }
+bool BpBinder::isBinderAlive() const { return mAlive; }
+BpBinder* BpBinder::remoteBinder() { return this; }
+
+const String16& BpBinder::getInterfaceDescriptor() const {
+    {
+        const std::lock_guard<std::mutex> guard(mLock);
+        if (mDescriptorCached) return mDescriptorCache;
+    }
+    Parcel request;
+    Parcel reply;
+    const status_t status = const_cast<BpBinder*>(this)->transact(INTERFACE_TRANSACTION, request, &reply);
+    const std::lock_guard<std::mutex> guard(mLock);
+    if (status == NO_ERROR && !mDescriptorCached) {
+        mDescriptorCache = reply.readString16();
+        mDescriptorCached = true;
+    }
+    return mDescriptorCache;
+}
+
+status_t BpBinder::pingBinder() {
+    Parcel request;
+    Parcel reply;
+    return transact(PING_TRANSACTION, request, &reply);
+}
+
+status_t BpBinder::dump(int fd, const Vector<String16>& args) {
+    Parcel request;
+    Parcel reply;
+    const status_t status = request.writeFileDescriptor(fd);
+    if (status != NO_ERROR) return status;
+    request.writeInt32(static_cast<int32_t>(args.size()));
+    for (const String16& arg : args)
+        request.writeString16(arg);
+    return transact(DUMP_TRANSACTION, request, &reply);
+}
+
+status_t BpBinder::transact(uint32_t code, const Parcel& data, Parcel* reply, uint32_t flags) {
+    if (!mAlive) return DEAD_OBJECT;
+    // A callback that this call provokes may drop the last reference to this proxy.
+    const sp<BpBinder> self(this);
+    const status_t status = mRemote->transact(code, data, reply, flags);
+    if (status == DEAD_OBJECT) mAlive = false;
+    return status;
+}
+
+status_t BpBinder::linkToDeath(const sp<DeathRecipient>& recipient, void* cookie, uint32_t flags) {
+    if (recipient == nullptr) return BAD_VALUE;
+    const std::lock_guard<std::mutex> guard(mLock);
+    if (mObituariesSent) return DEAD_OBJECT;
+    mObituaries.push_back({recipient, cookie, flags});
+    return NO_ERROR;
+}
+
+status_t BpBinder::unlinkToDeath(const wp<DeathRecipient>& recipient, void* cookie, uint32_t flags,
+                                 wp<DeathRecipient>* outRecipient) {
+    const std::lock_guard<std::mutex> guard(mLock);
+    if (mObituariesSent) return DEAD_OBJECT;
+    const auto matches = [&](const Obituary& link) {
+        const bool byCookie = recipient == nullptr && cookie != nullptr && link.cookie == cookie;
+        return (link.recipient == recipient || byCookie) && link.flags == flags;
+    };
+    const auto found = std::find_if(mObituaries.begin(), mObituaries.end(), matches);
+    if (found == mObituaries.end()) return NAME_NOT_FOUND;
+    if (outRecipient != nullptr) *outRecipient = found->recipient;
+    mObituaries.erase(found);
+    return NO_ERROR;
+}
+
+void BpBinder::sendObituary() {
+    std::vector<Obituary> links;
+    {
+        const std::lock_guard<std::mutex> guard(mLock);
+        mAlive = false;
+        if (mObituariesSent) return;
+        mObituariesSent = true;
+        links.swap(mObituaries);
+    }
+    for (const Obituary& link : links) {
+        const sp<DeathRecipient> recipient = link.recipient.promote();
+        if (recipient != nullptr) recipient->binderDied(this);
+    }
+}
+
+void BpBinder::attachObject(const void* objectID, void* object, void* cleanupCookie,
+                            object_cleanup_func func) {
+    mAttached->attach(objectID, object, cleanupCookie, func);
+}
+
+void* BpBinder::findObject(const void* objectID) const { return mAttached->find(objectID); }
+void BpBinder::detachObject(const void* objectID) { mAttached->detach(objectID); }
+
+}  // namespace android

@@ -1,0 +1,192 @@
+#include "Call.h"
+
+#include <cxxabi.h>
+
+#include <exception>
+#include <utility>
+#include <vector>
+
+#include "../CallerScope.h"
+#include "../Log.h"
+#include "../Transport.h"
+#include "Node.h"
+#include "ParcelCodec.h"
+
+namespace android::runtime {
+
+namespace {
+
+/// Far beyond what a sane program nests, well within a thread's stack.
+constexpr size_t kDeepestNesting = 256;
+
+/// The connections on which this thread is in the middle of a call, outermost first. On each of them the
+/// other end is waiting for this thread.
+thread_local std::vector<Connection*> tActive;
+
+class Active {
+  public:
+    explicit Active(Connection& connection) { tActive.push_back(&connection); }
+    ~Active() { tActive.pop_back(); }
+    Active(const Active&) = delete;
+    Active& operator=(const Active&) = delete;
+};
+
+Connection* activeConnectionTo(const Peer& peer) {
+    for (auto it = tActive.rbegin(); it != tActive.rend(); ++it) {
+        if ((*it)->peer().get() == &peer) return *it;
+    }
+    return nullptr;
+}
+
+/// Foreign code: what it throws is told to the caller as an error and goes no further.
+status_t transactContained(BBinder& object, uint32_t code, const Parcel& data, Parcel* reply,
+                           uint32_t flags) {
+    const auto contained = [&](const char* what) {
+        BINDER_LOGE("an exception left the stub of %s in call %u: %s",
+                    String8(object.getInterfaceDescriptor()).string(), code, what);
+        return UNKNOWN_ERROR;
+    };
+    try {
+        return object.transact(code, data, reply, flags);
+    } catch (const abi::__forced_unwind&) {
+        throw;  // the thread is being cancelled
+    } catch (const std::exception& error) {
+        return contained(error.what());
+    } catch (...) {
+        return contained("not a std::exception");
+    }
+}
+
+/// @return NO_ERROR; DEAD_OBJECT when the connection is gone; else the parcel cannot be sent at all.
+status_t sendFrame(Connection& connection, FrameHeader header, const Parcel& data) {
+    EncodedParcel encoded(data, *connection.peer());
+    if (encoded.status() != NO_ERROR) return encoded.status();
+    encoded.describe(&header);
+    if (!connection.send(header, encoded.data(), encoded.records(), encoded.fds())) return DEAD_OBJECT;
+    encoded.sent();
+    return NO_ERROR;
+}
+
+FrameHeader callHeader(FrameKind kind, const Token& target, uint32_t code, uint32_t flags) {
+    FrameHeader header;
+    header.kind = kind;
+    header.code = code;
+    header.flags = flags;
+    header.target = target;
+    return header;
+}
+
+/// An answer that cannot be sent becomes an error; so does every other status, with an empty parcel.
+bool sendReply(Connection& connection, status_t status, const Parcel& reply) {
+    FrameHeader header;
+    header.kind = FrameKind::kReply;
+    if (status == NO_ERROR) status = sendFrame(connection, header, reply);
+    if (status == NO_ERROR) return true;
+    header.code = static_cast<uint32_t>(status);
+    return connection.send(header, nullptr, {}, {});
+}
+
+status_t takeReply(Frame* frame, Parcel* reply) {
+    Parcel unwanted;
+    Parcel& answer = reply != nullptr ? *reply : unwanted;
+    answer.freeData();
+    decode(frame, &answer);
+    return static_cast<status_t>(frame->header.code);
+}
+
+/// A call that comes instead of the reply is the other end calling back.
+status_t awaitReply(Connection& connection, Parcel* reply, bool* intact) {
+    *intact = false;
+    for (;;) {
+        Frame frame;
+        const Received received = connection.receive(&frame, Wait::kForever);
+        if (received == Received::kNothing) continue;
+        if (received == Received::kFrame && frame.header.kind == FrameKind::kReply) {
+            *intact = true;
+            return takeReply(&frame, reply);
+        }
+        if (received == Received::kFrame && frame.header.kind == FrameKind::kCall) {
+            if (serveCall(connection, &frame)) continue;
+            return DEAD_OBJECT;
+        }
+        if (received != Received::kClosed) {
+            BINDER_LOGE("process %d breaks the protocol", connection.credentials().pid);
+        }
+        return DEAD_OBJECT;
+    }
+}
+
+status_t callOn(Connection& connection, const FrameHeader& header, const Parcel& data, Parcel* reply,
+                bool* intact) {
+    const Active active(connection);
+    *intact = true;
+    const status_t status = sendFrame(connection, header, data);
+    if (status == DEAD_OBJECT) *intact = false;
+    return status == NO_ERROR ? awaitReply(connection, reply, intact) : status;
+}
+
+}  // namespace
+
+status_t call(Peer& peer, const Token& token, uint32_t code, const Parcel& data, Parcel* reply,
+              uint32_t flags) {
+    Node::instance();  // refuses in a forked child
+    if (reply != nullptr) reply->freeData();
+    const FrameHeader header = callHeader(FrameKind::kCall, token, code, flags);
+    bool intact;
+    if (Connection* const nested = activeConnectionTo(peer)) {
+        return callOn(*nested, header, data, reply, &intact);
+    }
+    status_t status = NO_ERROR;
+    std::unique_ptr<Connection> connection = peer.takeConnection(&status);
+    if (connection == nullptr) return status;
+    status = callOn(*connection, header, data, reply, &intact);
+    if (intact) peer.giveBack(std::move(connection));
+    return status;
+}
+
+status_t callOneway(Peer& peer, const Token& token, uint32_t code, const Parcel& data, uint32_t flags) {
+    Node::instance();  // refuses in a forked child
+    EncodedParcel encoded(data, peer);
+    if (encoded.status() != NO_ERROR) return encoded.status();
+    FrameHeader header = callHeader(FrameKind::kOneway, token, code, flags);
+    encoded.describe(&header);
+    const status_t status = peer.sendOneway(header, encoded.data(), encoded.records(), encoded.fds());
+    if (status == NO_ERROR) encoded.sent();
+    return status;
+}
+
+bool serveCall(Connection& connection, Frame* frame) {
+    const FrameHeader header = frame->header;
+    Parcel data;
+    decode(frame, &data);
+    const sp<BBinder> object = Node::instance().exports.find(header.target);
+    if (object == nullptr) return sendReply(connection, DEAD_OBJECT, Parcel());
+    if (tActive.size() >= kDeepestNesting) {
+        BINDER_LOGE("calls are nested more than %zu deep", kDeepestNesting);
+        return sendReply(connection, FAILED_TRANSACTION, Parcel());
+    }
+    Parcel reply;
+    status_t status;
+    {
+        const Active active(connection);
+        const CallerScope caller(connection.credentials().pid, connection.credentials().uid, header.flags);
+        status = transactContained(*object, header.code, data, &reply, header.flags);
+    }
+    return sendReply(connection, status, reply);
+}
+
+OnewayCall::OnewayCall(Connection& connection, Frame* frame)
+    : object(Node::instance().exports.find(frame->header.target)),
+      code(frame->header.code),
+      flags(frame->header.flags),
+      caller(connection.credentials()) {
+    decode(frame, &data);
+}
+
+void OnewayCall::run() {
+    Parcel reply;
+    const CallerScope scope(caller.pid, caller.uid, flags);
+    transactContained(*object, code, data, &reply, flags);
+}
+
+}  // namespace android::runtime

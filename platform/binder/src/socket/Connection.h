@@ -1,0 +1,109 @@
+// One stream between two processes, and the frames on it.
+#pragma once
+
+#include <sys/socket.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "../BufferCache.h"
+#include "Frame.h"
+#include "RuntimeFd.h"
+#include "Socket.h"
+
+namespace android::runtime {
+
+class Peer;
+
+/// A block of the thread's cache, given back at the end.
+class Block {
+  public:
+    Block() = default;
+    explicit Block(size_t atLeast) { mBytes = acquireBlock(atLeast, &mCapacity); }
+    Block(Block&& other) noexcept { *this = std::move(other); }
+    Block& operator=(Block&& other) noexcept;
+    ~Block() { releaseBlock(mBytes, mCapacity); }
+
+    uint8_t* bytes() const { return mBytes; }
+    size_t capacity() const { return mBytes != nullptr ? mCapacity : 0; }
+    /// Gives the block away; the receiver must release it.
+    uint8_t* release();
+
+  private:
+    uint8_t* mBytes = nullptr;
+    size_t mCapacity = 0;
+};
+
+/// A received frame: sound as Frame.h tells, its body in @c body, its descriptors in @c fds. Descriptors that
+/// nobody takes are closed.
+struct Frame {
+    FrameHeader header;
+    Block body;
+    std::vector<int> fds;
+
+    Frame() = default;
+    Frame(Frame&&) = default;
+    Frame& operator=(Frame&&) = delete;
+    ~Frame();
+};
+
+enum class Received {
+    kFrame,
+    kNothing,  ///< not (yet) a whole frame; only when asked not to wait, or after the socket's own time limit
+    kClosed,   ///< by the other end, or by an error of the socket
+    kBroken,   ///< what came is no frame; the connection is useless now
+};
+
+enum class Wait { kNo, kBriefly, kForever };
+
+/// Used by one thread at a time; whoever hands it on orders that.
+///
+/// A frame may arrive in any number of pieces: what is there of it waits here until the rest comes, so a slow
+/// or hostile sender holds up nobody.
+class Connection {
+  public:
+    Connection(RuntimeFd fd, ConnectionKind kind, std::shared_ptr<Peer> peer, const Credentials& credentials);
+
+    /// @param records of the objects in @p data, described by @p header like everything else.
+    /// @return false when the connection is gone.
+    bool send(const FrameHeader& header, const void* data, const std::vector<ObjectRecord>& records,
+              const std::vector<int>& fds);
+
+    /// @param wait kBriefly waits as long as setPatience() said.
+    Received receive(Frame* frame, Wait wait);
+
+    /// How long Wait::kBriefly waits.
+    void setPatience(int milliseconds);
+
+    int fd() const { return mFd.get(); }
+    ConnectionKind kind() const { return mKind; }
+    const std::shared_ptr<Peer>& peer() const { return mPeer; }
+    const Credentials& credentials() const { return mCredentials; }
+
+  private:
+    enum class Progress { kGoOn, kNone, kEnd };
+
+    Progress readMore(Wait wait);
+    Progress readFailed(Wait wait) const;
+    bool makeRoom();
+    bool noteDescriptors(msghdr* message);
+    bool descriptorsComplete();
+    bool headerComplete() const { return mHeaderBytes == sizeof(FrameHeader); }
+    bool bodyComplete() const { return headerComplete() && mBodyBytes >= bodySize(mFrame.header); }
+    void finish(Frame* frame);
+
+    RuntimeFd mFd;
+    const ConnectionKind mKind;
+    const std::shared_ptr<Peer> mPeer;
+    const Credentials mCredentials;
+
+    Frame mFrame;  // in the making
+    size_t mHeaderBytes = 0;
+    size_t mBodyBytes = 0;
+    bool mDescriptorsLost = false;
+    size_t mUsualBody;  // what a frame on this connection has needed lately
+};
+
+}  // namespace android::runtime

@@ -1,0 +1,74 @@
+#include "Node.h"
+
+#include <unistd.h>
+
+#include <cstdlib>
+#include <utility>
+
+#include "../Log.h"
+#include "RuntimeFolder.h"
+
+namespace android::runtime {
+
+namespace {
+
+/// Holds the references of objects that are on their way back to this process, so that the sender's own
+/// reference may end before they arrive.
+const PeerId& homecoming() {
+    static const auto* const holder = new PeerId(Secret::random());
+    return *holder;
+}
+
+/// Other processes recognise a dead one without this; it only keeps the folder tidy.
+void removeSocket() {
+    const Node& node = Node::instance();
+    if (!RuntimeFd::isForkedChild()) unlink(node.folder.pathOf(node.id.toString()).c_str());
+}
+
+[[noreturn]] void refuseForkedChild() {
+    __android_log_print(ANDROID_LOG_FATAL, "Binder",
+                        "process %d was forked off from one that had used Binder; it may only exec. Fork "
+                        "before the first use, or start the child with posix_spawn.",
+                        getpid());
+    abort();
+}
+
+}  // namespace
+
+Node& Node::instance() {
+    if (RuntimeFd::isForkedChild()) refuseForkedChild();
+    static Node* const node = [] {
+        auto* const made = new Node();
+        return made;
+    }();
+    static const int registered = std::atexit(removeSocket);
+    static_cast<void>(registered);
+    return *node;
+}
+
+Node::Node() : id(Secret::random()), folder(prepareRuntimeFolder()), peers(*this), mAcceptor(*this) {}
+
+sp<IBinder> Node::comeHome(const Token& token) {
+    const sp<BBinder> object = exports.find(token);
+    if (object == nullptr) return nullptr;
+    sp<BBinder> unheld = exports.adjust(token, homecoming(), -1);
+    if (unheld != nullptr) letGo({std::move(unheld)});
+    return object;
+}
+
+sp<BBinder> Node::credit(const Token& token, const PeerId& beneficiary) {
+    if (beneficiary == id) return exports.adjust(token, homecoming(), 1);
+    sp<BBinder> unheld = exports.adjust(token, beneficiary, 1);
+    // Somebody has to notice when the beneficiary dies. Connecting may wait, which the reactor must not.
+    notices.post([this, beneficiary] {
+        if (!peers.get(beneficiary)->ensureLinked()) letGo(exports.dropHolder(beneficiary));
+    });
+    return unheld;
+}
+
+void Node::letGo(Exports::Objects objects) {
+    if (objects.empty()) return;
+    notices.post([objects = std::move(objects)]() mutable { objects.clear(); });
+}
+
+}  // namespace android::runtime

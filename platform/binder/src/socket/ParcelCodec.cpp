@@ -1,0 +1,112 @@
+#include "ParcelCodec.h"
+
+#include <binder/BpBinder.h>
+
+#include <algorithm>
+#include <cstring>
+
+#include "../FlatObject.h"
+#include "../Log.h"
+#include "../ParcelAccess.h"
+#include "Connection.h"
+#include "Node.h"
+#include "SocketRemote.h"
+
+namespace android::runtime {
+
+namespace {
+
+status_t checkSendable(const Parcel& parcel) {
+    if (parcel.errorCheck() != NO_ERROR) return parcel.errorCheck();
+    if (parcel.dataSize() <= kMaxTransaction) return NO_ERROR;
+    BINDER_LOGE("a parcel of %zu bytes is refused; %zu are the most", parcel.dataSize(), kMaxTransaction);
+    return FAILED_TRANSACTION;
+}
+
+}  // namespace
+
+EncodedParcel::EncodedParcel(const Parcel& parcel, Peer& receiver)
+    : mParcel(parcel), mReceiver(receiver), mStatus(checkSendable(parcel)) {
+    if (mStatus == NO_ERROR && parcel.objectsCount() > 0) encodeObjects();
+}
+
+EncodedParcel::~EncodedParcel() {
+    for (const Token& token : mLent)
+        mReceiver.takeBack(token);
+}
+
+void EncodedParcel::encodeObjects() {
+    mBlanked.assign(mParcel.data(), mParcel.data() + ParcelAccess::size(mParcel));
+    for (const ParcelAccess::Object& object : ParcelAccess::objects(mParcel)) {
+        std::memset(&mBlanked[object.offset], 0, sizeof(flat_binder_object));
+        if (object.binder != nullptr) {
+            encodeBinder(object.offset, object.binder);
+        } else {
+            mRecords.push_back({static_cast<uint32_t>(object.offset), ObjectKind::kDescriptor, {}, {}});
+            mFds.push_back(object.fd);
+        }
+    }
+    if (mFds.size() <= kMaxDescriptors) return;
+    BINDER_LOGE("a parcel of %zu descriptors is refused; %zu are the most", mFds.size(), kMaxDescriptors);
+    mStatus = FAILED_TRANSACTION;
+}
+
+void EncodedParcel::encodeBinder(size_t offset, const sp<IBinder>& binder) {
+    ObjectRecord record;
+    record.offset = static_cast<uint32_t>(offset);
+    if (BBinder* const local = binder->localBinder()) {
+        record.owner = Node::instance().id;
+        record.token = mReceiver.lend(local);
+        if (record.token) mLent.push_back(record.token);
+    } else if (BpBinder* const proxy = binder->remoteBinder()) {
+        const auto& remote = static_cast<SocketRemote&>(proxy->remoteObject());
+        record.owner = remote.peer().id();
+        record.token = remote.token();
+        mPassedOn.emplace_back(remote.peer().shared_from_this(), remote.token());
+    }
+    mRecords.push_back(record);
+}
+
+void EncodedParcel::describe(FrameHeader* header) const {
+    header->dataSize = static_cast<uint32_t>(ParcelAccess::size(mParcel));
+    header->objectCount = static_cast<uint32_t>(mRecords.size());
+    header->descriptorCount = static_cast<uint16_t>(mFds.size());
+}
+
+void EncodedParcel::sent() {
+    mLent.clear();
+    for (const auto& [owner, token] : mPassedOn)
+        owner->tellPassedOn(token, mReceiver.id());
+}
+
+namespace {
+
+sp<IBinder> objectOf(const ObjectRecord& record) {
+    Node& node = Node::instance();
+    if (!record.owner || !record.token) return nullptr;
+    return record.owner == node.id ? node.comeHome(record.token)
+                                   : node.peers.get(record.owner)->receive(record.token);
+}
+
+}  // namespace
+
+void decode(Frame* frame, Parcel* parcel) {
+    const FrameHeader& header = frame->header;
+    std::vector<ObjectRecord> records;
+    records.reserve(header.objectCount);
+    for (size_t i = 0; i < header.objectCount; ++i) {
+        records.push_back(recordAt(header, frame->body.bytes(), i));
+    }
+    const size_t capacity = frame->body.capacity();
+    ParcelAccess::adopt(*parcel, frame->body.release(), header.dataSize, capacity);
+    auto nextFd = frame->fds.begin();
+    for (const ObjectRecord& record : records) {
+        if (record.kind == ObjectKind::kDescriptor) {
+            ParcelAccess::addDescriptor(*parcel, record.offset, std::exchange(*nextFd++, -1));
+        } else {
+            ParcelAccess::addBinder(*parcel, record.offset, objectOf(record));
+        }
+    }
+}
+
+}  // namespace android::runtime

@@ -1,0 +1,119 @@
+// Another process, as far as this one deals with it.
+#pragma once
+
+#include <binder/BpBinder.h>
+
+#include <cstdint>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "Connection.h"
+#include "Identity.h"
+
+namespace android::runtime {
+
+class Node;
+class SocketRemote;
+
+/// The links tell of its death, the connections carry calls to it, the proxies stand for its objects.
+///
+/// A link is a connection that stays open as long as both processes live; its end is the other's death. There
+/// is at least one before an object goes either way. Both sides may open one at the same time; then both
+/// stay, because closing one would look like a death.
+///
+/// mLock guards everything below it; under it nothing waits, no foreign code runs, and only Exports::mLock
+/// and Reactor::mLock are taken.
+class Peer : public std::enable_shared_from_this<Peer> {
+  public:
+    Peer(Node& node, const PeerId& id);
+    ~Peer();
+    Peer(const Peer&) = delete;
+    Peer& operator=(const Peer&) = delete;
+
+    const PeerId& id() const { return mId; }
+
+    /// Opens a link unless there is one. @return false when the process is dead or cannot be reached.
+    bool ensureLinked();
+    /// Takes over a link that the peer opened. Closes it when it comes from another process than before.
+    void adoptLink(RuntimeFd fd, const Credentials& credentials);
+
+    /// A connection for one call, to be given back when it is still good; null when there is none to be had.
+    /// @param status why: DEAD_OBJECT or FAILED_TRANSACTION.
+    std::unique_ptr<Connection> takeConnection(status_t* status);
+    void giveBack(std::unique_ptr<Connection> connection);
+
+    /// Sends a one-way call after all that were sent before.
+    status_t sendOneway(const FrameHeader& header, const void* data, const std::vector<ObjectRecord>& records,
+                        const std::vector<int>& fds);
+
+    /// The proxy of the peer's object, for a reference that was received just now.
+    sp<IBinder> receive(const Token& token);
+    /// The proxy of an object whose token was found, not received: takes a reference first.
+    sp<IBinder> acquire(const Token& token);
+
+    /// Counts a reference of the peer to an object of this process. @return no token when the peer is dead.
+    Token lend(const sp<BBinder>& object);
+    void takeBack(const Token& token);
+
+    /// The peer may know now that the object of its own named by @p token was given to @p beneficiary.
+    void tellPassedOn(const Token& token, const PeerId& beneficiary);
+
+    /// For SocketRemote, at its end: gives its references back.
+    void forget(const SocketRemote& remote);
+
+  private:
+    struct Link {
+        RuntimeFd fd;
+        uint64_t watch = 0;
+        std::string incoming;  // the beginning of a message
+    };
+    struct Proxy {
+        wp<BpBinder> binder;
+        SocketRemote* remote = nullptr;  // valid as long as the binder
+    };
+
+    std::unique_ptr<Connection> open(ConnectionKind kind, status_t* status);
+    bool addLink(RuntimeFd fd, const Credentials& credentials);
+    void onLinkEvent(const std::shared_ptr<Link>& link, uint32_t events);
+    bool readLink(Link* link);
+    void obey(const LinkMessage& message);
+    void tell(const LinkMessage& message);
+    void flushLocked();
+    void die();
+
+    Node& mNode;
+    const PeerId mId;
+
+    std::mutex mLock;
+    bool mDead = false;
+    pid_t mPid = 0;
+    std::vector<std::shared_ptr<Link>> mLinks;
+    std::string mOutbox;  // link messages that the first link had no room for
+    std::vector<std::unique_ptr<Connection>> mIdle;
+    std::unordered_map<Token, Proxy, SecretHash> mProxies;
+
+    // Orders one-way calls; held while sending, never together with mLock.
+    std::mutex mOnewayLock;
+    std::unique_ptr<Connection> mOneway;
+};
+
+/// The peers that anything here still refers to. mLock is a leaf.
+class PeerTable {
+  public:
+    explicit PeerTable(Node& node) : mNode(node) {}
+
+    /// The peer with that identity, known or not.
+    std::shared_ptr<Peer> get(const PeerId& id);
+    /// For a peer that is dead or no longer referred to.
+    void forget(const Peer& peer);
+
+  private:
+    Node& mNode;
+    std::mutex mLock;
+    std::unordered_map<PeerId, std::pair<const Peer*, std::weak_ptr<Peer>>, SecretHash> mPeers;
+};
+
+}  // namespace android::runtime

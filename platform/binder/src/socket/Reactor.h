@@ -1,0 +1,49 @@
+// The thread that watches what is not a call: the listener, greetings, links, timers.
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <unordered_map>
+
+#include "RuntimeFd.h"
+
+namespace android::runtime {
+
+/// Its handlers never block and never run foreign code, so that peers and deaths are noticed promptly even
+/// when every stub is busy. mLock guards the tables; handlers run without it and may change them.
+class Reactor {
+  public:
+    using Handler = std::function<void(uint32_t events)>;
+    using Clock = std::chrono::steady_clock;
+
+    Reactor();
+
+    /// Calls @p handler with the epoll events of @p fd until forget(). Any thread.
+    /// @return the watch's number; 0 when the kernel refuses.
+    uint64_t watch(int fd, uint32_t events, Handler handler);
+    void change(uint64_t number, int fd, uint32_t events);
+    /// Before @p fd is closed. A handler that is running on the reactor's thread may still finish.
+    void forget(uint64_t number, int fd);
+
+    /// Calls @p action once, after @p delay.
+    void after(std::chrono::milliseconds delay, std::function<void()> action);
+
+  private:
+    void run();
+    int untilNextTimer();
+    void runTimers();
+    std::shared_ptr<Handler> handlerOf(uint64_t number);
+
+    const RuntimeFd mEpoll;
+    const RuntimeFd mWakeUp;
+    std::mutex mLock;
+    uint64_t mLastNumber = 0;
+    std::unordered_map<uint64_t, std::shared_ptr<Handler>> mHandlers;
+    std::multimap<Clock::time_point, std::function<void()>> mTimers;
+};
+
+}  // namespace android::runtime

@@ -1,0 +1,30 @@
+// Descriptors that belong to the runtime itself.
+#pragma once
+
+#include <utility>
+
+namespace android::runtime {
+
+/// Owns one descriptor. All of them are known in one list, so that a forked child lets go of every socket of
+/// its parent at once: otherwise it would keep them open after the parent's death and nobody would notice.
+class RuntimeFd {
+  public:
+    RuntimeFd() = default;
+    /// Takes @p fd over; -1 for none.
+    explicit RuntimeFd(int fd);
+    ~RuntimeFd() { reset(); }
+    RuntimeFd(RuntimeFd&& other) noexcept : mFd(std::exchange(other.mFd, -1)) {}
+    RuntimeFd& operator=(RuntimeFd&& other) noexcept;
+
+    int get() const { return mFd; }
+    bool isOpen() const { return mFd >= 0; }
+    void reset();
+
+    /// Whether this process was forked off from one that had used the runtime: nothing of it works here.
+    static bool isForkedChild();
+
+  private:
+    int mFd = -1;
+};
+
+}  // namespace android::runtime

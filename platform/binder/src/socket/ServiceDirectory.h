@@ -1,0 +1,64 @@
+// Which process has which service: one small file per name in the runtime folder.
+#pragma once
+
+#include <chrono>
+#include <string>
+#include <vector>
+
+#include "Identity.h"
+#include "Socket.h"
+
+namespace android::runtime {
+
+/// Where a service lives.
+struct ServiceEntry {
+    PeerId owner;
+    Token token;
+};
+
+/// Keeps nothing in memory; several processes use the folder at the same time. Entries appear and change in
+/// one step, and whoever changes one holds the folder's lock file.
+class ServiceDirectory {
+  public:
+    explicit ServiceDirectory(const SocketFolder& folder) : mFolder(folder) {}
+
+    /// @return false when there is no such entry, or none that can be read.
+    bool read(const std::string& name, ServiceEntry* entry) const;
+
+    /// Enters @p entry unless a live process other than its owner has the name.
+    /// @return NO_ERROR, ALREADY_EXISTS, or the system's error.
+    int publish(const std::string& name, const ServiceEntry& entry) const;
+
+    /// All names that have an entry, in ascending order.
+    std::vector<std::string> names() const;
+
+    /// Whether the process still listens.
+    bool isAlive(const PeerId& owner) const;
+
+    /// Waits until an entry may have changed or @p deadline has come; @p condition is asked before and after.
+    template <typename Condition>
+    bool waitUntil(std::chrono::steady_clock::time_point deadline, const Condition& condition) const;
+
+  private:
+    RuntimeFd watchFolder() const;
+    static void waitForChange(int watch, std::chrono::steady_clock::time_point deadline);
+    int write(const std::string& name, const ServiceEntry& entry) const;
+    std::string pathOf(const std::string& name) const { return mFolder.pathOf("service-" + name); }
+
+    const SocketFolder& mFolder;
+};
+
+template <typename Condition>
+bool ServiceDirectory::waitUntil(std::chrono::steady_clock::time_point deadline,
+                                 const Condition& condition) const {
+    if (condition()) return true;
+    // Watched before the condition is asked again, so that no change slips through.
+    const RuntimeFd watch = watchFolder();
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() >= deadline) return false;
+        waitForChange(watch.get(), deadline);
+    }
+    return true;
+}
+
+}  // namespace android::runtime

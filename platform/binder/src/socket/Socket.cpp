@@ -1,0 +1,124 @@
+#include "Socket.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <utility>
+
+#include "Frame.h"
+
+namespace android::runtime {
+
+namespace {
+
+constexpr int kBacklog = 4096;
+
+RuntimeFd newSocket(int flags) { return RuntimeFd(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | flags, 0)); }
+
+const sockaddr* generic(const sockaddr_un& address) { return reinterpret_cast<const sockaddr*>(&address); }
+
+void waitForRoom(int fd) {
+    pollfd wanted{fd, POLLOUT, 0};
+    poll(&wanted, 1, -1);
+}
+
+/// Drops the first @p count bytes and the parts that are empty then.
+void advance(msghdr* message, size_t count) {
+    while (message->msg_iovlen > 0 && (count > 0 || message->msg_iov->iov_len == 0)) {
+        iovec& part = *message->msg_iov;
+        const size_t taken = std::min(count, part.iov_len);
+        part.iov_base = static_cast<uint8_t*>(part.iov_base) + taken;
+        part.iov_len -= taken;
+        count -= taken;
+        if (part.iov_len > 0) return;
+        ++message->msg_iov;
+        --message->msg_iovlen;
+    }
+}
+
+}  // namespace
+
+SocketFolder::SocketFolder(std::string path)
+    : mPath(std::move(path)), mFolder(open(mPath.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC)) {}
+
+bool SocketFolder::address(const std::string& name, sockaddr_un* out) const {
+    *out = {};
+    out->sun_family = AF_UNIX;
+    std::string path = pathOf(name);
+    // An address holds about a hundred characters; the way through the open folder is always short enough.
+    if (path.size() >= sizeof(out->sun_path)) {
+        path = "/proc/self/fd/" + std::to_string(mFolder.get()) + "/" + name;
+    }
+    if (path.size() >= sizeof(out->sun_path)) {
+        errno = ENAMETOOLONG;
+        return false;
+    }
+    std::memcpy(out->sun_path, path.c_str(), path.size() + 1);
+    return true;
+}
+
+RuntimeFd SocketFolder::listen(const std::string& name) const {
+    sockaddr_un where;
+    if (!address(name, &where)) return {};
+    RuntimeFd fd = newSocket(SOCK_NONBLOCK);
+    if (!fd.isOpen() || bind(fd.get(), generic(where), sizeof(where)) != 0) return {};
+    if (::listen(fd.get(), kBacklog) != 0) return {};
+    return fd;
+}
+
+RuntimeFd SocketFolder::connect(const std::string& name, bool wait) const {
+    sockaddr_un where;
+    if (!address(name, &where)) return {};
+    RuntimeFd fd = newSocket(wait ? 0 : SOCK_NONBLOCK);
+    if (!fd.isOpen()) return {};
+    while (::connect(fd.get(), generic(where), sizeof(where)) != 0) {
+        if (errno != EINTR) return {};
+    }
+    if (!wait) fcntl(fd.get(), F_SETFL, 0);
+    return fd;
+}
+
+bool readCredentials(int fd, Credentials* out) {
+    ucred kernel{};
+    socklen_t size = sizeof(kernel);
+    if (getsockopt(fd, SOL_SOCKET, SO_PEERCRED, &kernel, &size) != 0) return false;
+    *out = {kernel.pid, kernel.uid};
+    return true;
+}
+
+bool sendAll(int fd, iovec* parts, size_t partCount, const int* fds, size_t fdCount) {
+    alignas(cmsghdr) uint8_t control[CMSG_SPACE(kMaxDescriptors * sizeof(int))];
+    msghdr message{};
+    message.msg_iov = parts;
+    message.msg_iovlen = partCount;
+    if (fdCount > 0) {
+        message.msg_control = control;
+        message.msg_controllen = CMSG_SPACE(fdCount * sizeof(int));
+        std::memset(control, 0, message.msg_controllen);
+        cmsghdr* const header = CMSG_FIRSTHDR(&message);
+        header->cmsg_level = SOL_SOCKET;
+        header->cmsg_type = SCM_RIGHTS;
+        header->cmsg_len = CMSG_LEN(fdCount * sizeof(int));
+        std::memcpy(CMSG_DATA(header), fds, fdCount * sizeof(int));
+    }
+    while (message.msg_iovlen > 0) {
+        const ssize_t sent = sendmsg(fd, &message, MSG_NOSIGNAL);
+        if (sent >= 0) {
+            advance(&message, static_cast<size_t>(sent));
+            message.msg_controllen = 0;
+            message.msg_control = nullptr;
+        } else if (errno == EAGAIN) {
+            waitForRoom(fd);
+        } else if (errno != EINTR) {
+            return false;
+        }
+    }
+    return true;
+}
+
+}  // namespace android::runtime

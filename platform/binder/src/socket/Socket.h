@@ -1,0 +1,50 @@
+// Unix stream sockets: opening, connecting, and moving bytes whatever signals and full buffers say.
+#pragma once
+
+#include <sys/types.h>
+#include <sys/uio.h>
+#include <sys/un.h>
+
+#include <string>
+
+#include "RuntimeFd.h"
+
+namespace android::runtime {
+
+/// Who is at the other end, as the kernel knows it.
+struct Credentials {
+    pid_t pid = 0;
+    uid_t uid = 0;
+};
+
+/// A folder that sockets lie in. Reaches them however long its path is.
+class SocketFolder {
+  public:
+    /// @param path of a folder that exists.
+    explicit SocketFolder(std::string path);
+
+    const std::string& path() const { return mPath; }
+    std::string pathOf(const std::string& name) const { return mPath + "/" + name; }
+
+    /// A listening socket under @p name; closed when it cannot be had, with errno set.
+    RuntimeFd listen(const std::string& name) const;
+    /// A connection to the socket @p name; closed when nobody listens there, with errno set.
+    /// @param wait whether to wait when the listener has no room for the moment, instead of EAGAIN.
+    RuntimeFd connect(const std::string& name, bool wait) const;
+
+  private:
+    bool address(const std::string& name, sockaddr_un* out) const;
+
+    const std::string mPath;
+    const RuntimeFd mFolder;
+};
+
+/// @return false when the kernel does not say.
+bool readCredentials(int fd, Credentials* out);
+
+/// Sends everything, or fails. Waits while the socket is full; never raises SIGPIPE.
+/// @param parts changed while sending.
+/// @param fds   travel with the first byte.
+bool sendAll(int fd, iovec* parts, size_t partCount, const int* fds, size_t fdCount);
+
+}  // namespace android::runtime

@@ -1,0 +1,141 @@
+#include "WorkerPool.h"
+
+#include <sys/epoll.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <string>
+#include <utility>
+
+#include "../Log.h"
+#include "RuntimeThread.h"
+
+namespace android::runtime {
+
+namespace {
+
+/// How long a thread waits on a connection for its next call before it looks after the others again.
+constexpr int kPatienceMs = 5;
+/// How many calls in a row one connection gets while there are more connections than threads.
+constexpr int kTurn = 32;
+
+constexpr uint32_t kOnce = EPOLLIN | EPOLLRDHUP | EPOLLONESHOT;
+
+}  // namespace
+
+WorkerPool::WorkerPool()
+    : mEpoll(epoll_create1(EPOLL_CLOEXEC)),
+      mOneway([this](Connection& connection) { putBack(connection); }) {}
+
+void WorkerPool::add(std::unique_ptr<Connection> connection) {
+    Connection& added = *connection;
+    if (added.kind() == ConnectionKind::kCall) added.setPatience(kPatienceMs);
+    {
+        const std::lock_guard<std::mutex> guard(mLock);
+        mConnections.emplace(&added, std::move(connection));
+        mConnectionCount = mConnections.size();
+    }
+    epoll_event event{kOnce, {}};
+    event.data.ptr = &added;
+    if (epoll_ctl(mEpoll.get(), EPOLL_CTL_ADD, added.fd(), &event) == 0) return;
+    BINDER_LOGE("a connection cannot be watched: %s", strerror(errno));
+    drop(added);
+}
+
+void WorkerPool::start() {
+    const std::lock_guard<std::mutex> guard(mLock);
+    if (mStarted) return;
+    mStarted = true;
+    spawn();
+}
+
+void WorkerPool::setMaxThreads(size_t count) {
+    const std::lock_guard<std::mutex> guard(mLock);
+    mMaxThreads = count;
+}
+
+void WorkerPool::join() {
+    ++mThreads;
+    work();
+}
+
+/// With mLock held.
+void WorkerPool::spawn() {
+    if (mPoolThreads >= std::max<size_t>(mMaxThreads, 1)) return;
+    const std::string name = "binder:" + std::to_string(mPoolThreads + 1);
+    if (!startRuntimeThread(name.c_str(), [this] { work(); })) return;
+    ++mPoolThreads;
+    ++mThreads;
+}
+
+void WorkerPool::spawnIfNobodyWaits() {
+    const std::lock_guard<std::mutex> guard(mLock);
+    if (mStarted && mWaiting == 0) spawn();
+}
+
+void WorkerPool::work() {
+    for (;;)
+        serve(*nextReady());
+}
+
+Connection* WorkerPool::nextReady() {
+    epoll_event event;
+    ++mWaiting;
+    while (epoll_wait(mEpoll.get(), &event, 1, -1) != 1) {
+    }
+    if (--mWaiting == 0) spawnIfNobodyWaits();
+    return static_cast<Connection*>(event.data.ptr);
+}
+
+void WorkerPool::serve(Connection& connection) {
+    connection.kind() == ConnectionKind::kOneway ? serveOneway(connection) : serveCalls(connection);
+}
+
+void WorkerPool::serveCalls(Connection& connection) {
+    Wait wait = Wait::kNo;
+    for (int served = 0;; ++served) {
+        Frame frame;
+        const Received received = connection.receive(&frame, wait);
+        if (received == Received::kNothing) return putBack(connection);
+        if (received != Received::kFrame || frame.header.kind != FrameKind::kCall) return drop(connection);
+        if (!serveCall(connection, &frame)) return drop(connection);
+        if (!mayStay(served)) return putBack(connection);
+        wait = Wait::kBriefly;
+    }
+}
+
+/// One frame, so that the next can be received by another thread while this one runs the call.
+void WorkerPool::serveOneway(Connection& connection) {
+    Frame frame;
+    const Received received = connection.receive(&frame, Wait::kNo);
+    if (received == Received::kNothing) return putBack(connection);
+    if (received != Received::kFrame || frame.header.kind != FrameKind::kOneway) return drop(connection);
+    auto call = std::make_unique<OnewayCall>(connection, &frame);
+    const sp<BBinder> object = call->object;
+    const bool mustDrain = object != nullptr && mOneway.push(std::move(call));
+    if (mOneway.hasRoom(connection)) putBack(connection);
+    if (mustDrain) mOneway.drain(object.get());
+}
+
+bool WorkerPool::mayStay(int servedHere) {
+    if (mWaiting == 0) return false;
+    return servedHere % kTurn != kTurn - 1 || mConnectionCount <= mThreads;
+}
+
+void WorkerPool::putBack(Connection& connection) {
+    epoll_event event{kOnce, {}};
+    event.data.ptr = &connection;
+    epoll_ctl(mEpoll.get(), EPOLL_CTL_MOD, connection.fd(), &event);
+}
+
+void WorkerPool::drop(Connection& connection) {
+    std::unique_ptr<Connection> dropped;
+    const std::lock_guard<std::mutex> guard(mLock);
+    const auto found = mConnections.find(&connection);
+    dropped = std::move(found->second);
+    mConnections.erase(found);
+    mConnectionCount = mConnections.size();
+}
+
+}  // namespace android::runtime

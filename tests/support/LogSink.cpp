@@ -1,0 +1,58 @@
+// liblog's print functions, defined in the test program. The dynamic linker looks there first, so every
+// library of the process ends up here. liblog's own callers inside liblog (the fatal __android_log_assert)
+// are left alone: they end the process and say why on stderr.
+#include "tests/support/LogSink.h"
+
+#include <android/log.h>
+
+#include <cstdarg>
+#include <cstdio>
+
+namespace {
+
+// Unlike liblog, which cuts a line after 1023 bytes, the whole text is kept.
+std::string formatted(const char* format, va_list arguments) {
+    va_list again;
+    va_copy(again, arguments);
+    const int length = std::vsnprintf(nullptr, 0, format, again);
+    va_end(again);
+    if (length < 0) return std::string("unprintable: ") + format;
+    std::string text(static_cast<size_t>(length), '\0');
+    std::vsnprintf(text.data(), text.size() + 1, format, arguments);
+    return text;
+}
+
+}  // namespace
+
+// The project compiles with hidden visibility; a hidden definition would not take liblog's place.
+#define VISIBLE __attribute__((visibility("default")))
+
+extern "C" {
+
+VISIBLE int __android_log_write(int prio, const char* tag, const char* text) {
+    accessory::test::sinkLogLine(prio, tag, text);
+    return 1;
+}
+
+VISIBLE int __android_log_vprint(int prio, const char* tag, const char* fmt, va_list ap) {
+    accessory::test::sinkLogLine(prio, tag, formatted(fmt, ap));
+    return 1;
+}
+
+VISIBLE int __android_log_print(int prio, const char* tag, const char* fmt, ...) {
+    va_list ap;
+    va_start(ap, fmt);
+    const int result = __android_log_vprint(prio, tag, fmt, ap);
+    va_end(ap);
+    return result;
+}
+
+VISIBLE int __android_log_buf_print(int /*bufID*/, int prio, const char* tag, const char* fmt, ...) {
+    va_list ap;
+    va_start(ap, fmt);
+    const int result = __android_log_vprint(prio, tag, fmt, ap);
+    va_end(ap);
+    return result;
+}
+
+}  // extern "C"

@@ -1,0 +1,11 @@
+// Where the test program's stand-ins for liblog's print functions hand their lines.
+#pragma once
+
+#include <string>
+
+namespace accessory::test {
+
+/// Takes one line from any thread. @p tag may be null, as for the platform log.
+void sinkLogLine(int priority, const char* tag, const std::string& text);
+
+}  // namespace accessory::test

@@ -1,0 +1,18 @@
+// What the sanitizers are asked beyond their defaults; here rather than in the environment, so that it holds
+// for tests started by hand and for their child processes too.
+
+// The library treats an allocation that fails as a checked error, and tests reach that with absurd sizes.
+#define NULL_FOR_HUGE_ALLOCATIONS "allocator_may_return_null=1"
+#define SANITIZER_HOOK extern "C" __attribute__((visibility("default"), used)) const char*
+
+SANITIZER_HOOK __asan_default_options() {
+    return NULL_FOR_HUGE_ALLOCATIONS ":detect_stack_use_after_return=1:strict_string_checks=1";
+}
+
+SANITIZER_HOOK __ubsan_default_options() {
+    return "print_stacktrace=1";
+}
+
+SANITIZER_HOOK __tsan_default_options() {
+    return NULL_FOR_HUGE_ALLOCATIONS ":second_deadlock_stack=1";
+}
