@@ -4,25 +4,25 @@
 
 namespace accessory {
 
-using namespace wire::accessory_manager;
+namespace rows = wire::accessory_manager;
 
 BpAccessoryManager::BpAccessoryManager(const android::sp<android::IBinder>& impl)
     : android::BpInterface<IAccessoryManager>(impl) {}
 
 int BpAccessoryManager::getDeviceCount() {
-    return wire::call(kManners, kGetDeviceCount, getInterfaceDescriptor(), remote());
+    return wire::call(rows::kManners, rows::kGetDeviceCount, getInterfaceDescriptor(), remote());
 }
 
 int BpAccessoryManager::getFeature(unsigned int accessoryId) {
-    return wire::call(kManners, kGetFeature, getInterfaceDescriptor(), remote(), accessoryId);
+    return wire::call(rows::kManners, rows::kGetFeature, getInterfaceDescriptor(), remote(), accessoryId);
 }
 
 android::String8 BpAccessoryManager::getPath(unsigned int accessoryId) {
-    return wire::call(kManners, kGetPath, getInterfaceDescriptor(), remote(), accessoryId);
+    return wire::call(rows::kManners, rows::kGetPath, getInterfaceDescriptor(), remote(), accessoryId);
 }
 
 int BpAccessoryManager::getAccessoryId(const android::String8& path) {
-    return wire::call(kManners, kGetAccessoryId, getInterfaceDescriptor(), remote(), path);
+    return wire::call(rows::kManners, rows::kGetAccessoryId, getInterfaceDescriptor(), remote(), path);
 }
 
 }  // namespace accessory

@@ -9,20 +9,17 @@
 #include <binder/Parcel.h>
 #include <binder/ProcessState.h>
 #include <sched.h>
-#include <signal.h>
 #include <spawn.h>
-#include <stdlib.h>
 #include <sys/prctl.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <cstdio>
+#include <csignal>
+#include <cstdlib>
 #include <cstring>
 #include <string>
 #include <vector>
-
-extern char** environ;
 
 namespace {
 
@@ -95,7 +92,7 @@ void BareSocket(benchmark::State& state) {
     }
     close(ends[1]);
     std::vector<char> bytes(size);
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         if (!writeAll(ends[0], bytes) || !readAll(ends[0], bytes))
             return state.SkipWithError("lost the child");
     }
@@ -107,7 +104,7 @@ void Transact(benchmark::State& state) {
     const sp<IBinder> echo = android::defaultServiceManager()->getService(String16("bench.echo"));
     if (echo == nullptr) return state.SkipWithError("no service");
     const std::vector<char> payload(static_cast<size_t>(state.range(0)));
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         Parcel data;
         Parcel reply;
         data.write(payload.data(), payload.size());

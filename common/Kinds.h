@@ -4,43 +4,105 @@
 //   kKind        its name, for tools and pages,
 //   Arguments    the parameters of the operation that it carries, as a tuple (a buffer carries two),
 //   name         of the field,
-//   check        the text under which a failed write is reported by an interface that reports only named
-//   steps;
-//                null when this step is not reported there,
 //   write()      puts the arguments into a request,
-//   Slot         holds what a stub reads: read() takes it out of the request and gives NO_ERROR, or the
-//   status
-//                with which the stub must give up; arguments() hands it to the operation. A slot may own
-//                memory; it lives until the reply is written.
+//   Slot         holds what a stub reads: read() takes it out of the request and tells whether, and with which
+//                status, the stub must give up; arguments() hands it to the operation. A slot may own memory; it
+//                lives until the reply is written.
 #pragma once
 
-#include <binder/Parcel.h>
 #include <utils/String8.h>
 
 #include <cstdint>
+#include <optional>
 #include <tuple>
+
+#include "common/Marshal.h"
 
 namespace accessory::wire {
 
-/// A 32-bit number or enumeration, as int32 with the same bits.
+/// The status with which a stub ends a case before its operation is called; nothing to go on.
+using GiveUp = std::optional<android::status_t>;
+inline constexpr GiveUp kGoOn = std::nullopt;
+
+/// A number, enumeration or truth value of at most 32 bits, widened to int32 as its type says and cut to its
+/// width again by the reader; any word but 0 is true.
 template <typename T>
 struct Word {
-    static_assert(sizeof(T) == sizeof(int32_t));
-    static constexpr const char* kKind = "i32";
+    static_assert(sizeof(T) <= sizeof(int32_t));
+    static constexpr const char* kKind = std::is_same_v<T, bool> ? "bool as i32"
+                                         : sizeof(T) == 1        ? "8-bit as i32"
+                                         : sizeof(T) == 2        ? "16-bit as i32"
+                                                                 : "i32";
     using Arguments = std::tuple<T>;
 
-    const char* name;
-    const char* check = nullptr;
+    const char* name = nullptr;
 
-    static android::status_t write(android::Parcel& data, T value) {
-        return data.writeInt32(static_cast<int32_t>(value));
-    }
+    static void write(Writer& out, T value) { out.i32(static_cast<int32_t>(value)); }
 
     struct Slot {
         T value{};
-        android::status_t read(const android::Parcel& data) {
-            value = static_cast<T>(data.readInt32());
-            return android::NO_ERROR;
+        GiveUp read(Reader& in) {
+            value = static_cast<T>(in.i32());
+            return kGoOn;
+        }
+        Arguments arguments() { return {value}; }
+    };
+};
+
+/// A 64-bit number.
+template <typename T>
+struct LongWord {
+    static_assert(sizeof(T) == sizeof(int64_t));
+    static constexpr const char* kKind = "i64";
+    using Arguments = std::tuple<T>;
+
+    const char* name = nullptr;
+
+    static void write(Writer& out, T value) { out.i64(static_cast<int64_t>(value)); }
+
+    struct Slot {
+        T value{};
+        GiveUp read(Reader& in) {
+            value = static_cast<T>(in.i64());
+            return kGoOn;
+        }
+        Arguments arguments() { return {value}; }
+    };
+};
+
+/// A NUL-terminated string; the operation gets a pointer into the request, null when there is none.
+struct CString {
+    static constexpr const char* kKind = "cstr";
+    using Arguments = std::tuple<const char*>;
+
+    const char* name = nullptr;
+
+    static void write(Writer& out, const char* value) { out.cstr(value); }
+
+    struct Slot {
+        const char* value = nullptr;
+        GiveUp read(Reader& in) {
+            value = in.cstr();
+            return kGoOn;
+        }
+        Arguments arguments() { return {value}; }
+    };
+};
+
+/// A presence word, and the string when there is one.
+struct OptionalCString {
+    static constexpr const char* kKind = "opt-cstr";
+    using Arguments = std::tuple<const char*>;
+
+    const char* name = nullptr;
+
+    static void write(Writer& out, const char* value) { out.optionalCstr(value); }
+
+    struct Slot {
+        const char* value = nullptr;
+        GiveUp read(Reader& in) {
+            value = in.optionalCstr();
+            return kGoOn;
         }
         Arguments arguments() { return {value}; }
     };
@@ -51,18 +113,16 @@ struct CountedString {
     static constexpr const char* kKind = "string8";
     using Arguments = std::tuple<const android::String8&>;
 
-    const char* name;
-    const char* check = nullptr;
+    const char* name = nullptr;
+    const char* check = nullptr;  ///< names the step where only named ones are reported
 
-    static android::status_t write(android::Parcel& data, const android::String8& value) {
-        return data.writeString8(value);
-    }
+    void write(Writer& out, const android::String8& value) const { out.string8(value, check); }
 
     struct Slot {
         android::String8 value;
-        android::status_t read(const android::Parcel& data) {
-            value = data.readString8();
-            return android::NO_ERROR;
+        GiveUp read(Reader& in) {
+            value = in.string8();
+            return kGoOn;
         }
         Arguments arguments() { return {value}; }
     };
@@ -70,7 +130,19 @@ struct CountedString {
 
 constexpr Word<int> i32(const char* name) { return {name}; }
 constexpr Word<unsigned int> u32(const char* name) { return {name}; }
-constexpr CountedString string8(const char* name, const char* check = nullptr) { return {name, check}; }
+constexpr Word<short> i16AsI32(const char* name) { return {name}; }
+constexpr Word<unsigned short> u16AsI32(const char* name) { return {name}; }
+constexpr Word<signed char> i8AsI32(const char* name) { return {name}; }
+constexpr Word<unsigned char> u8AsI32(const char* name) { return {name}; }
+constexpr Word<bool> boolAsI32(const char* name) { return {name}; }
+template <typename Enumeration>
+constexpr Word<Enumeration> enumAsI32(const char* name) {
+    return {name};
+}
+constexpr LongWord<unsigned long long> u64(const char* name) { return {name}; }
+constexpr CString cstr(const char* name) { return {name}; }
+constexpr OptionalCString optionalCstr(const char* name) { return {name}; }
+constexpr CountedString string8(const char* name, const char* check) { return {name, check}; }
 
 /// How the result of an operation travels in the reply.
 template <typename Result>
@@ -78,16 +150,16 @@ struct Answer;
 
 template <>
 struct Answer<int> {
-    static android::status_t write(android::Parcel& reply, int value) { return reply.writeInt32(value); }
-    static int read(const android::Parcel& reply) { return reply.readInt32(); }
+    static void write(Writer& out, int value, const char* /*check*/) { out.i32(value); }
+    static int read(Reader& in) { return in.i32(); }
 };
 
 template <>
 struct Answer<android::String8> {
-    static android::status_t write(android::Parcel& reply, const android::String8& value) {
-        return reply.writeString8(value);
+    static void write(Writer& out, const android::String8& value, const char* check) {
+        out.string8(value, check);
     }
-    static android::String8 read(const android::Parcel& reply) { return reply.readString8(); }
+    static android::String8 read(Reader& in) { return in.string8(); }
 };
 
 }  // namespace accessory::wire

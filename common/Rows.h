@@ -4,9 +4,8 @@
 //   inline constexpr auto kGetFeature =
 //           request(2, "getFeature", &IAccessoryManager::getFeature, u32("accessoryId"));
 //
-// call() is the whole of a proxy's operation; dispatch() finds a stub's row and serve() is the whole of its
-// case. A transaction that departs from that has its row all the same, and one hand-written function per
-// side.
+// call() is the whole of a proxy's operation; dispatch() finds a stub's row and serve() is the whole of its case.
+// What is peculiar about a transaction is a kind of its own, whose write() and read() stand next to each other.
 #pragma once
 
 #include <binder/IBinder.h>
@@ -17,9 +16,10 @@
 #include <optional>
 #include <tuple>
 #include <type_traits>
+#include <utility>
 
-#include "common/Check.h"
 #include "common/Kinds.h"
+#include "common/Marshal.h"
 
 namespace accessory::wire {
 
@@ -27,11 +27,11 @@ template <typename Operation, typename Returned, typename... Fields>
 struct Row {
     using Result = Returned;
 
-    uint32_t code;
-    const char* name;
-    Operation operation;  ///< a member function of the interface
+    uint32_t code = 0;
+    const char* name = nullptr;
+    Operation operation = nullptr;  ///< a member function of the interface
     std::tuple<Fields...> fields;
-    const char* replyCheck = nullptr;  ///< for the result, as Kinds.h tells of a field's check
+    const char* replyCheck = nullptr;  ///< names the writing of the result where only named steps are reported
 
     constexpr Row withReplyCheck(const char* check) const {
         Row row = *this;
@@ -50,76 +50,57 @@ constexpr auto request(uint32_t code, const char* name, Result (Interface::*oper
     return Row<decltype(operation), Result, Fields...>{code, name, operation, {fields...}};
 }
 
-/// Which failed marshaling steps an interface reports.
-enum class Reports {
-    kNamedSteps,  ///< those for which there is a text, in the condition form
-    kEveryStep,   ///< all, in the return-value form
-};
+template <size_t First, typename Field, typename Arguments, size_t... Offset>
+void writeField(const Field& field, Writer& out, const Arguments& arguments,
+                std::index_sequence<Offset...> /*carried*/) {
+    field.write(out, std::get<First + Offset>(arguments)...);
+}
 
-/// What is true of all transactions of an interface.
-struct Manners {
-    const Unit& unit;
-    Reports reports;
-    bool replyHasHeader;  ///< the reply begins with an exception header
-};
-
-/// Reports a marshaling step of @p function unless it succeeded.
-inline void report(const Manners& manners, const char* function, android::status_t status,
-                   const char* check) {
-    const Site site{manners.unit, function, __LINE__};
-    if (manners.reports == Reports::kEveryStep) {
-        succeeded(site, status);
-    } else if (check != nullptr) {
-        holds(site, status == android::NO_ERROR, check);
+/// Writes the fields from number @p Field on, to which the arguments from number @p First on belong.
+template <size_t Field, size_t First, typename... Fields, typename Arguments>
+void writeFields(const std::tuple<Fields...>& fields, Writer& out, const Arguments& arguments) {
+    if constexpr (Field < sizeof...(Fields)) {
+        const auto& field = std::get<Field>(fields);
+        constexpr size_t kCarried = std::tuple_size_v<typename std::decay_t<decltype(field)>::Arguments>;
+        writeField<First>(field, out, arguments, std::make_index_sequence<kCarried>{});
+        writeFields<Field + 1, First + kCarried>(fields, out, arguments);
     }
 }
 
-template <size_t Field, typename Row>
-void writeFields(const Manners& /*manners*/, const Row& /*row*/, android::Parcel& /*data*/) {}
-
-/// Writes the fields from number @p Field on; the first of them takes as many of the arguments as it carries.
-template <size_t Field, typename Row, typename First, typename... Rest>
-void writeFields(const Manners& manners, const Row& row, android::Parcel& data, const First& first,
-                 const Rest&... rest) {
-    const auto& field = std::get<Field>(row.fields);
-    constexpr size_t kCarried = std::tuple_size_v<typename std::decay_t<decltype(field)>::Arguments>;
-    static_assert(kCarried == 1, "kinds of several arguments come with the interfaces that need them");
-    report(manners, row.name, field.write(data, first), field.check);
-    writeFields<Field + 1>(manners, row, data, rest...);
-}
-
-/// A proxy's operation: sends the row's request to @p remote and returns what the reply holds. Failed steps
-/// are reported, and the rest is done regardless, so an empty reply gives 0 or an empty string.
+/// A proxy's operation: sends the row's request to @p remote and returns what the reply holds. Failed steps are
+/// reported, and the rest is done regardless, so an empty reply gives 0 or an empty string.
 template <typename Row, typename... Arguments>
 typename Row::Result call(const Manners& manners, const Row& row, const android::String16& descriptor,
                           android::IBinder* remote, const Arguments&... arguments) {
     android::Parcel data;
     android::Parcel reply;
-    report(manners, row.name, data.writeInterfaceToken(descriptor), nullptr);
-    writeFields<0>(manners, row, data, arguments...);
-    report(manners, row.name, remote->transact(row.code, data, &reply, 0), nullptr);
-    if (manners.replyHasHeader) {
-        report(manners, row.name, reply.readExceptionCode(), "!reply.readExceptionCode()");
-    }
-    return Answer<typename Row::Result>::read(reply);
+    Writer out(manners, row.name, data);
+    Reader in(manners, row.name, reply);
+    out.step(data.writeInterfaceToken(descriptor));
+    writeFields<0, 0>(row.fields, out, std::tie(arguments...));
+    out.step(remote->transact(row.code, data, &reply, 0));
+    if (manners.replyHasHeader) in.step(reply.readExceptionCode(), "!reply.readExceptionCode()");
+    return Answer<typename Row::Result>::read(in);
 }
 
-/// A stub's case, after the interface token: reads the fields, calls the stub's own operation, writes its
-/// result.
+/// A stub's case, after the interface token: reads the fields, calls the stub's own operation, writes its result.
 template <typename Operation, typename Result, typename... Fields, typename Stub>
 android::status_t serve(const Manners& manners, const Row<Operation, Result, Fields...>& row, Stub& stub,
                         const android::Parcel& data, android::Parcel* reply) {
+    Reader in(manners, "onTransact", data);
+    Writer out(manners, "onTransact", *reply);
     std::tuple<typename Fields::Slot...> slots;
-    android::status_t status = android::NO_ERROR;
+    GiveUp giveUp;
     const auto readAll = [&](auto&... slot) {
-        static_cast<void>(((status = slot.read(data), status == android::NO_ERROR) && ...));
+        static_cast<void>(((giveUp = slot.read(in), !giveUp.has_value()) && ...));
     };
     std::apply(readAll, slots);
-    if (status != android::NO_ERROR) return status;
+    if (giveUp.has_value()) return *giveUp;
     const auto arguments = [](auto&... slot) { return std::tuple_cat(slot.arguments()...); };
-    const auto operation = [&](auto&&... argument) { return (stub.*row.operation)(argument...); };
-    const Result result = std::apply(operation, std::apply(arguments, slots));
-    report(manners, "onTransact", Answer<Result>::write(*reply, result), row.replyCheck);
+    const auto operation = [&](auto&&... argument) -> Result {
+        return (stub.*row.operation)(std::forward<decltype(argument)>(argument)...);
+    };
+    Answer<Result>::write(out, std::apply(operation, std::apply(arguments, slots)), row.replyCheck);
     return android::NO_ERROR;
 }
 
@@ -127,8 +108,7 @@ android::status_t serve(const Manners& manners, const Row<Operation, Result, Fie
 /// @return nothing when there is no such row; PERMISSION_DENIED for another interface's token.
 template <typename Stub, typename... Rows>
 std::optional<android::status_t> dispatch(const Manners& manners, const std::tuple<Rows...>& rows, Stub& stub,
-                                          uint32_t code, const android::Parcel& data,
-                                          android::Parcel* reply) {
+                                          uint32_t code, const android::Parcel& data, android::Parcel* reply) {
     std::optional<android::status_t> status;
     const auto serveIf = [&](const auto& row) {
         if (row.code != code) return false;

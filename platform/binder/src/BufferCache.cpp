@@ -11,11 +11,11 @@ namespace {
 
 // Blocks come in powers of two; larger ones are too rare to be kept.
 constexpr size_t kSmallestBlock = 512;
-constexpr size_t kLargestBlock = 64 * 1024;
+constexpr size_t kLargestBlock = size_t{64} * 1024;
 constexpr size_t kClasses = 8;
 static_assert(kSmallestBlock << (kClasses - 1) == kLargestBlock, "one class per power of two");
 /// What a thread keeps at most, in bytes.
-constexpr size_t kKeptPerThread = 256 * 1024;
+constexpr size_t kKeptPerThread = size_t{256} * 1024;
 
 size_t classOf(size_t size) {
     size_t index = 0;
@@ -89,6 +89,7 @@ uint8_t* acquireBlock(size_t atLeast, size_t* capacity) {
     return spare != nullptr ? spare : allocate(*capacity);
 }
 
+// NOLINTNEXTLINE(readability-non-const-parameter): takes the memory over.
 void releaseBlock(uint8_t* block, size_t capacity) {
     if (block == nullptr) return;
     const bool keepable = capacity <= kLargestBlock && !tCacheGone;

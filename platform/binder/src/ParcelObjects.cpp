@@ -26,7 +26,7 @@ status_t Parcel::writeObject(Object&& object) {
 
 bool Parcel::isNullBinderHere() const {
     if (checkRead(kFlatSize) != NO_ERROR) return false;
-    flat_binder_object flat;
+    flat_binder_object flat{};
     std::memcpy(&flat, mData + mDataPos, kFlatSize);
     return flat.type == runtime::kTypeBinder && flat.handle == 0 && flat.cookie == 0;
 }

@@ -56,6 +56,10 @@ class BINDER_EXPORT BBinder : public IBinder {
 
 /// Holds the remote object of a typed proxy, for the proxy's whole life.
 class BINDER_EXPORT BpRefBase : public virtual RefBase {
+  public:
+    BpRefBase(const BpRefBase&) = delete;
+    BpRefBase& operator=(const BpRefBase&) = delete;
+
   protected:
     explicit BpRefBase(const sp<IBinder>& o);
     ~BpRefBase() override;
@@ -65,9 +69,6 @@ class BINDER_EXPORT BpRefBase : public virtual RefBase {
     IBinder* remote() const { return mRemote.get(); }
 
   private:
-    BpRefBase(const BpRefBase&) = delete;
-    BpRefBase& operator=(const BpRefBase&) = delete;
-
     const sp<IBinder> mRemote;
 };
 

@@ -132,7 +132,7 @@ status_t call(Peer& peer, const Token& token, uint32_t code, const Parcel& data,
     Node::instance();  // refuses in a forked child
     if (reply != nullptr) reply->freeData();
     const FrameHeader header = callHeader(FrameKind::kCall, token, code, flags);
-    bool intact;
+    bool intact = true;
     if (Connection* const nested = activeConnectionTo(peer)) {
         return callOn(*nested, header, data, reply, &intact);
     }
@@ -166,7 +166,7 @@ bool serveCall(Connection& connection, Frame* frame) {
         return sendReply(connection, FAILED_TRANSACTION, Parcel());
     }
     Parcel reply;
-    status_t status;
+    status_t status = NO_ERROR;
     {
         const Active active(connection);
         const CallerScope caller(connection.credentials().pid, connection.credentials().uid, header.flags);

@@ -15,7 +15,7 @@ namespace android::runtime {
 namespace {
 
 constexpr size_t kSmallBody = 1024;
-constexpr size_t kLargestKeptGuess = 64 * 1024;
+constexpr size_t kLargestKeptGuess = size_t{64} * 1024;
 
 }  // namespace
 
@@ -42,7 +42,7 @@ Connection::Connection(RuntimeFd fd, ConnectionKind kind, std::shared_ptr<Peer> 
       mUsualBody(kSmallBody) {}
 
 void Connection::setPatience(int milliseconds) {
-    timeval limit{milliseconds / 1000, (milliseconds % 1000) * 1000};
+    timeval limit{milliseconds / 1000, suseconds_t{milliseconds % 1000} * 1000};
     setsockopt(mFd.get(), SOL_SOCKET, SO_RCVTIMEO, &limit, sizeof(limit));
 }
 

@@ -206,7 +206,7 @@ sp<IBinder> Peer::acquire(const Token& token) {
 void Peer::forget(const SocketRemote& remote) {
     // A forked child has nothing to give back, and mLock may be held for ever by a thread it does not have.
     if (RuntimeFd::isForkedChild()) return;
-    uint32_t count;
+    uint32_t count = 0;
     {
         const std::lock_guard<std::mutex> guard(mLock);
         const auto proxy = mProxies.find(remote.token());

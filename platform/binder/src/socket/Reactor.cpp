@@ -62,7 +62,7 @@ void Reactor::run() {
         const int count = epoll_wait(mEpoll.get(), events, 64, untilNextTimer());
         for (int i = 0; i < count; ++i) {
             if (events[i].data.u64 == kWakeUp) {
-                eventfd_t ignored;
+                eventfd_t ignored = 0;
                 eventfd_read(mWakeUp.get(), &ignored);
             } else if (const auto handler = handlerOf(events[i].data.u64)) {
                 (*handler)(events[i].events);

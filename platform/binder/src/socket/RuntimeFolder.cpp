@@ -19,7 +19,7 @@ std::string environment(const char* name) {
 }
 
 std::string chooseFolder() {
-    if (const std::string own = environment("BINDER_RUNTIME_DIR"); !own.empty()) return own;
+    if (std::string own = environment("BINDER_RUNTIME_DIR"); !own.empty()) return own;
     if (const std::string session = environment("XDG_RUNTIME_DIR"); !session.empty())
         return session + "/binder";
     const std::string temporary = environment("TMPDIR");
@@ -28,7 +28,7 @@ std::string chooseFolder() {
 
 /// Whoever may write here could pose as any service, so the folder must be this user's alone.
 const char* whatIsWrongWith(const std::string& folder) {
-    struct stat state;
+    struct stat state {};
     if (lstat(folder.c_str(), &state) != 0) return strerror(errno);
     if (!S_ISDIR(state.st_mode)) return "it is not a folder";
     if (state.st_uid != geteuid()) return "it belongs to another user";
@@ -39,7 +39,7 @@ const char* whatIsWrongWith(const std::string& folder) {
 }  // namespace
 
 std::string prepareRuntimeFolder() {
-    const std::string folder = chooseFolder();
+    std::string folder = chooseFolder();
     if (mkdir(folder.c_str(), S_IRWXU) != 0 && errno != EEXIST) {
         BINDER_LOGE("runtime folder %s cannot be made: %s. Set BINDER_RUNTIME_DIR to a folder of your own.",
                     folder.c_str(), strerror(errno));

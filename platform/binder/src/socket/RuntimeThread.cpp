@@ -1,8 +1,8 @@
 #include "RuntimeThread.h"
 
 #include <pthread.h>
-#include <signal.h>
 
+#include <csignal>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -26,7 +26,7 @@ class SignalsBlocked {
     SignalsBlocked& operator=(const SignalsBlocked&) = delete;
 
   private:
-    sigset_t mBefore;
+    sigset_t mBefore{};
 };
 
 }  // namespace

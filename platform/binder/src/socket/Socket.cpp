@@ -63,7 +63,7 @@ bool SocketFolder::address(const std::string& name, sockaddr_un* out) const {
 }
 
 RuntimeFd SocketFolder::listen(const std::string& name) const {
-    sockaddr_un where;
+    sockaddr_un where{};
     if (!address(name, &where)) return {};
     RuntimeFd fd = newSocket(SOCK_NONBLOCK);
     if (!fd.isOpen() || bind(fd.get(), generic(where), sizeof(where)) != 0) return {};
@@ -72,7 +72,7 @@ RuntimeFd SocketFolder::listen(const std::string& name) const {
 }
 
 RuntimeFd SocketFolder::connect(const std::string& name, bool wait) const {
-    sockaddr_un where;
+    sockaddr_un where{};
     if (!address(name, &where)) return {};
     RuntimeFd fd = newSocket(wait ? 0 : SOCK_NONBLOCK);
     if (!fd.isOpen()) return {};

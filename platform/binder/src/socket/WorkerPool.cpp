@@ -80,7 +80,7 @@ void WorkerPool::work() {
 }
 
 Connection* WorkerPool::nextReady() {
-    epoll_event event;
+    epoll_event event{};
     ++mWaiting;
     while (epoll_wait(mEpoll.get(), &event, 1, -1) != 1) {
     }
