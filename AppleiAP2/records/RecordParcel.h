@@ -1,0 +1,33 @@
+// What every record's FromParcel, writeToParcel and toString are made of: its table and these functions.
+#pragma once
+
+#include "AppleiAP2/records/RecordReader.h"
+#include "AppleiAP2/records/RecordText.h"
+#include "AppleiAP2/records/RecordWriter.h"
+
+namespace accessory {
+
+/// Appends @p record in its parcel form.
+template <typename Table>
+void writeRecord(const Operation& operation, android::Parcel* parcel, const typename Table::Plain& record) {
+    RecordWriter(parcel, operation).record(record.getMask(), record, Table::kFields);
+}
+
+/// A record with a mask object, from the position of @p parcel.
+template <typename Table>
+android::sp<typename Table::Parcelable> readRecord(const Operation& operation,
+                                                   const android::Parcel& parcel) {
+    android::sp<typename Table::Parcelable> record = new typename Table::Parcelable;
+    RecordReader reader(parcel, operation);
+    record->mMask->mask = reader.uint32();
+    reader.fields(record->mMask->mask, *record, Table::kFields);
+    return record;
+}
+
+/// The readable form of a record with a mask.
+template <typename Table>
+std::string textOf(const typename Table::Plain& record) {
+    return recordText(Table::kName, record.getMask(), record, Table::kFields);
+}
+
+}  // namespace accessory
