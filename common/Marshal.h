@@ -59,7 +59,8 @@ class Writer : public Steps {
     }
     /// A null string is a failed step that writes nothing.
     void cstr(const char* value) {
-        step(value != nullptr ? mParcel.writeCString(value) : static_cast<android::status_t>(android::BAD_VALUE));
+        step(value != nullptr ? mParcel.writeCString(value)
+                              : static_cast<android::status_t>(android::BAD_VALUE));
     }
     /// A presence word, and the string when there is one.
     void optionalCstr(const char* value) {

@@ -4,8 +4,9 @@
 //   inline constexpr auto kGetFeature =
 //           request(2, "getFeature", &IAccessoryManager::getFeature, u32("accessoryId"));
 //
-// call() is the whole of a proxy's operation; dispatch() finds a stub's row and serve() is the whole of its case.
-// What is peculiar about a transaction is a kind of its own, whose write() and read() stand next to each other.
+// call() is the whole of a proxy's operation; dispatch() finds a stub's row and serve() is the whole of its
+// case. What is peculiar about a transaction is a kind of its own, whose write() and read() stand next to
+// each other.
 #pragma once
 
 #include <binder/IBinder.h>
@@ -31,7 +32,8 @@ struct Row {
     const char* name = nullptr;
     Operation operation = nullptr;  ///< a member function of the interface
     std::tuple<Fields...> fields;
-    const char* replyCheck = nullptr;  ///< names the writing of the result where only named steps are reported
+    const char* replyCheck =
+        nullptr;  ///< names the writing of the result where only named steps are reported
 
     constexpr Row withReplyCheck(const char* check) const {
         Row row = *this;
@@ -67,8 +69,8 @@ void writeFields(const std::tuple<Fields...>& fields, Writer& out, const Argumen
     }
 }
 
-/// A proxy's operation: sends the row's request to @p remote and returns what the reply holds. Failed steps are
-/// reported, and the rest is done regardless, so an empty reply gives 0 or an empty string.
+/// A proxy's operation: sends the row's request to @p remote and returns what the reply holds. Failed steps
+/// are reported, and the rest is done regardless, so an empty reply gives 0 or an empty string.
 template <typename Row, typename... Arguments>
 typename Row::Result call(const Manners& manners, const Row& row, const android::String16& descriptor,
                           android::IBinder* remote, const Arguments&... arguments) {
@@ -83,7 +85,8 @@ typename Row::Result call(const Manners& manners, const Row& row, const android:
     return Answer<typename Row::Result>::read(in);
 }
 
-/// A stub's case, after the interface token: reads the fields, calls the stub's own operation, writes its result.
+/// A stub's case, after the interface token: reads the fields, calls the stub's own operation, writes its
+/// result.
 template <typename Operation, typename Result, typename... Fields, typename Stub>
 android::status_t serve(const Manners& manners, const Row<Operation, Result, Fields...>& row, Stub& stub,
                         const android::Parcel& data, android::Parcel* reply) {
@@ -108,7 +111,8 @@ android::status_t serve(const Manners& manners, const Row<Operation, Result, Fie
 /// @return nothing when there is no such row; PERMISSION_DENIED for another interface's token.
 template <typename Stub, typename... Rows>
 std::optional<android::status_t> dispatch(const Manners& manners, const std::tuple<Rows...>& rows, Stub& stub,
-                                          uint32_t code, const android::Parcel& data, android::Parcel* reply) {
+                                          uint32_t code, const android::Parcel& data,
+                                          android::Parcel* reply) {
     std::optional<android::status_t> status;
     const auto serveIf = [&](const auto& row) {
         if (row.code != code) return false;

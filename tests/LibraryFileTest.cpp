@@ -119,7 +119,7 @@ class LibraryFile : public testing::Test {
 };
 
 TEST_F(LibraryFile, ConstructsNothingButTheInterfaceDescriptorsWhenItIsLoaded) {
-    constexpr size_t kInterfaces = 1;  // IAccessoryManager
+    constexpr size_t kInterfaces = 2;  // IAccessoryManager, IAppleiAP2ManagerNotifier
     constexpr size_t kOfTheCRuntime = 1;
     EXPECT_EQ(mLibrary.initializers(), kInterfaces + kOfTheCRuntime);
 }
