@@ -4,6 +4,8 @@
 #include <algorithm>
 
 #include "AttachedObjects.h"
+#include "Contained.h"
+#include "Log.h"
 #include "Transport.h"
 
 namespace android {
@@ -93,7 +95,11 @@ void BpBinder::sendObituary() {
     }
     for (const Obituary& link : links) {
         const sp<DeathRecipient> recipient = link.recipient.promote();
-        if (recipient != nullptr) recipient->binderDied(this);
+        if (recipient == nullptr) continue;
+        // One that throws must not keep the others from being told.
+        if (const auto thrown = runtime::thrownBy([&] { recipient->binderDied(this); })) {
+            BINDER_LOGE("an exception left a death recipient: %s", thrown->c_str());
+        }
     }
 }
 

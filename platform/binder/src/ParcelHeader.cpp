@@ -12,6 +12,8 @@ namespace {
 constexpr uint32_t kGatherViolations = 1u << 31;
 
 constexpr int32_t kNoException = 0;
+constexpr int32_t kServiceSpecific = -8;
+constexpr int32_t kParcelable = -9;
 constexpr int32_t kHasReplyHeader = -128;
 constexpr int32_t kTransactionFailed = -129;
 
@@ -50,6 +52,23 @@ bool skipReplyHeader(const Parcel& parcel) {
     return true;
 }
 
+/// Moves @p parcel behind a block of bytes that its int32 size goes before, if it is all there.
+void skipBlock(const Parcel& parcel) {
+    int32_t size = 0;
+    if (parcel.readInt32(&size) != NO_ERROR || size < 0) return;
+    const size_t left = parcel.dataAvail();
+    if (static_cast<size_t>(size) <= left) parcel.setDataPosition(parcel.dataPosition() + static_cast<size_t>(size));
+}
+
+/// Moves @p parcel behind what describes the exception @p code: a message, a stack trace, and what some kinds add.
+void skipException(const Parcel& parcel, int32_t code) {
+    size_t messageLen = 0;
+    parcel.readString16Inplace(&messageLen);
+    skipBlock(parcel);
+    if (code == kServiceSpecific) parcel.readInt32();
+    if (code == kParcelable) skipReplyHeader(parcel);
+}
+
 }  // namespace
 
 status_t Parcel::writeInterfaceToken(const String16& interface) {
@@ -82,8 +101,7 @@ int32_t Parcel::readExceptionCode() const {
     if (readInt32(&code) != NO_ERROR) return kTransactionFailed;
     if (code == kNoException) return kNoException;
     if (code == kHasReplyHeader) return skipReplyHeader(*this) ? kNoException : kTransactionFailed;
-    size_t messageLen = 0;
-    readString16Inplace(&messageLen);
+    skipException(*this, code);
     return code;
 }
 

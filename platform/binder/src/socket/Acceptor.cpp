@@ -23,10 +23,12 @@ constexpr auto kGreetingTime = 5s;
 /// How long to leave callers waiting at the door when this process has no descriptors left.
 constexpr auto kPause = 50ms;
 
-bool isUsable(const Hello& hello) {
+/// @param own nobody connects to itself; whoever says so would pass for this process, and his end for its
+/// own.
+bool isUsable(const Hello& hello, const PeerId& own) {
     const bool known = hello.kind == ConnectionKind::kLink || hello.kind == ConnectionKind::kCall ||
                        hello.kind == ConnectionKind::kOneway;
-    return hello.protocol == kProtocol && known && hello.sender;
+    return hello.protocol == kProtocol && known && hello.sender && hello.sender != own;
 }
 
 }  // namespace
@@ -90,7 +92,7 @@ void Acceptor::listenOn(const std::shared_ptr<Greeting>& greeting) {
 void Acceptor::admit(RuntimeFd fd, const Hello& hello) {
     Credentials credentials;
     if (!readCredentials(fd.get(), &credentials)) return;
-    if (!isUsable(hello)) {
+    if (!isUsable(hello, mNode.id)) {
         BINDER_LOGW("process %d (user %d) does not speak this protocol and is refused", credentials.pid,
                     static_cast<int>(credentials.uid));
         return;

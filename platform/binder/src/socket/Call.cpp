@@ -1,12 +1,10 @@
 #include "Call.h"
 
-#include <cxxabi.h>
-
-#include <exception>
 #include <utility>
 #include <vector>
 
 #include "../CallerScope.h"
+#include "../Contained.h"
 #include "../Log.h"
 #include "../Transport.h"
 #include "Node.h"
@@ -38,33 +36,26 @@ Connection* activeConnectionTo(const Peer& peer) {
     return nullptr;
 }
 
-/// Foreign code: what it throws is told to the caller as an error and goes no further.
+/// What a stub throws is told to the caller as an error and goes no further.
 status_t transactContained(BBinder& object, uint32_t code, const Parcel& data, Parcel* reply,
                            uint32_t flags) {
-    const auto contained = [&](const char* what) {
-        BINDER_LOGE("an exception left the stub of %s in call %u: %s",
-                    String8(object.getInterfaceDescriptor()).string(), code, what);
-        return UNKNOWN_ERROR;
-    };
-    try {
-        return object.transact(code, data, reply, flags);
-    } catch (const abi::__forced_unwind&) {
-        throw;  // the thread is being cancelled
-    } catch (const std::exception& error) {
-        return contained(error.what());
-    } catch (...) {
-        return contained("not a std::exception");
-    }
+    status_t status = UNKNOWN_ERROR;
+    const auto thrown = thrownBy([&] { status = object.transact(code, data, reply, flags); });
+    if (!thrown) return status;
+    BINDER_LOGE("an exception left the stub of %s in call %u: %s",
+                String8(object.getInterfaceDescriptor()).string(), code, thrown->c_str());
+    return UNKNOWN_ERROR;
 }
 
-/// @return NO_ERROR; DEAD_OBJECT when the connection is gone; else the parcel cannot be sent at all.
+/// @return NO_ERROR; DEAD_OBJECT when the connection is gone; else the parcel cannot be sent, and nothing of
+/// it was.
 status_t sendFrame(Connection& connection, FrameHeader header, const Parcel& data) {
     EncodedParcel encoded(data, *connection.peer());
     if (encoded.status() != NO_ERROR) return encoded.status();
     encoded.describe(&header);
-    if (!connection.send(header, encoded.data(), encoded.records(), encoded.fds())) return DEAD_OBJECT;
-    encoded.sent();
-    return NO_ERROR;
+    const status_t status = connection.send(header, encoded.data(), encoded.records(), encoded.fds());
+    if (status == NO_ERROR) encoded.sent();
+    return status;
 }
 
 FrameHeader callHeader(FrameKind kind, const Token& target, uint32_t code, uint32_t flags) {
@@ -83,7 +74,7 @@ bool sendReply(Connection& connection, status_t status, const Parcel& reply) {
     if (status == NO_ERROR) status = sendFrame(connection, header, reply);
     if (status == NO_ERROR) return true;
     header.code = static_cast<uint32_t>(status);
-    return connection.send(header, nullptr, {}, {});
+    return connection.send(header, nullptr, {}, {}) == NO_ERROR;
 }
 
 status_t takeReply(Frame* frame, Parcel* reply) {

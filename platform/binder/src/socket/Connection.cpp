@@ -10,6 +10,8 @@
 #include <cstring>
 #include <utility>
 
+#include "../Log.h"
+
 namespace android::runtime {
 
 namespace {
@@ -46,14 +48,23 @@ void Connection::setPatience(int milliseconds) {
     setsockopt(mFd.get(), SOL_SOCKET, SO_RCVTIMEO, &limit, sizeof(limit));
 }
 
-bool Connection::send(const FrameHeader& header, const void* data, const std::vector<ObjectRecord>& records,
-                      const std::vector<int>& fds) {
+status_t Connection::send(const FrameHeader& header, const void* data,
+                          const std::vector<ObjectRecord>& records, const std::vector<int>& fds) {
     iovec parts[3] = {
         {const_cast<FrameHeader*>(&header), sizeof(header)},
         {const_cast<void*>(data), header.dataSize},
         {const_cast<ObjectRecord*>(records.data()), records.size() * sizeof(ObjectRecord)},
     };
-    return sendAll(mFd.get(), parts, records.empty() ? 2 : 3, fds.data(), fds.size());
+    switch (sendAll(mFd.get(), parts, records.empty() ? 2 : 3, fds.data(), fds.size())) {
+        case Sent::kAll:
+            return NO_ERROR;
+        case Sent::kNothing:
+            BINDER_LOGE("a call or an answer cannot be sent: %s", strerror(errno));
+            return FAILED_TRANSACTION;
+        case Sent::kGone:
+            break;
+    }
+    return DEAD_OBJECT;
 }
 
 Received Connection::receive(Frame* frame, Wait wait) {

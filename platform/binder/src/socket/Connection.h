@@ -67,9 +67,11 @@ class Connection {
     Connection(RuntimeFd fd, ConnectionKind kind, std::shared_ptr<Peer> peer, const Credentials& credentials);
 
     /// @param records of the objects in @p data, described by @p header like everything else.
-    /// @return false when the connection is gone.
-    bool send(const FrameHeader& header, const void* data, const std::vector<ObjectRecord>& records,
-              const std::vector<int>& fds);
+    /// @return NO_ERROR; DEAD_OBJECT when the connection is gone; FAILED_TRANSACTION when the kernel does not
+    ///         take the frame, a descriptor that is not open above all, and the connection is as good as
+    ///         before.
+    status_t send(const FrameHeader& header, const void* data, const std::vector<ObjectRecord>& records,
+                  const std::vector<int>& fds);
 
     /// @param wait kBriefly waits as long as setPatience() said.
     Received receive(Frame* frame, Wait wait);

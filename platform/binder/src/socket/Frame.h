@@ -15,7 +15,7 @@
 
 namespace android::runtime {
 
-constexpr uint32_t kProtocol = 0x41424631;  // changes whenever a structure below does
+constexpr uint32_t kProtocol = 0x41424632;  // changes whenever a structure below does
 
 enum class ConnectionKind : uint32_t { kLink = 1, kCall = 2, kOneway = 3 };
 
@@ -55,7 +55,8 @@ static_assert(sizeof(ObjectRecord) == 40 && std::is_trivially_copyable_v<ObjectR
 enum class LinkMessageKind : uint32_t {
     kAcquire = 1,   ///< the sender takes a reference to an object of the receiver
     kRelease = 2,   ///< the sender gives @c count references back
-    kTransfer = 3,  ///< the sender has passed an object of the receiver on to @c beneficiary
+    kTransfer = 3,  ///< the sender is about to pass an object of the receiver on to @c beneficiary
+    kRevoke = 4,    ///< a kTransfer that came to nothing
 };
 
 struct LinkMessage {

@@ -2,7 +2,9 @@
 
 #include <unistd.h>
 
+#include <chrono>
 #include <cstdlib>
+#include <memory>
 #include <utility>
 
 #include "../Log.h"
@@ -11,6 +13,9 @@
 namespace android::runtime {
 
 namespace {
+
+/// How long to wait for descriptors when there are none to reach a process with.
+constexpr std::chrono::milliseconds kPause{50};
 
 /// Holds the references of objects that are on their way back to this process, so that the sender's own
 /// reference may end before they arrive.
@@ -21,8 +26,10 @@ const PeerId& homecoming() {
 
 /// Other processes recognise a dead one without this; it only keeps the folder tidy.
 void removeSocket() {
+    // A forked child ends in its own right, and the socket is its parent's.
+    if (RuntimeFd::isForkedChild()) return;
     const Node& node = Node::instance();
-    if (!RuntimeFd::isForkedChild()) unlink(node.folder.pathOf(node.id.toString()).c_str());
+    unlink(node.folder.pathOf(node.id.toString()).c_str());
 }
 
 [[noreturn]] void refuseForkedChild() {
@@ -56,14 +63,19 @@ sp<IBinder> Node::comeHome(const Token& token) {
     return object;
 }
 
-sp<BBinder> Node::credit(const Token& token, const PeerId& beneficiary) {
-    if (beneficiary == id) return exports.adjust(token, homecoming(), 1);
-    sp<BBinder> unheld = exports.adjust(token, beneficiary, 1);
-    // Somebody has to notice when the beneficiary dies. Connecting may wait, which the reactor must not.
-    notices.post([this, beneficiary] {
-        if (!peers.get(beneficiary)->ensureLinked()) letGo(exports.dropHolder(beneficiary));
-    });
+sp<BBinder> Node::credit(const Token& token, const PeerId& beneficiary, int64_t change) {
+    if (beneficiary == id) return exports.adjust(token, homecoming(), change);
+    sp<BBinder> unheld = exports.adjust(token, beneficiary, change);
+    // Connecting may wait, which the reactor must not.
+    notices.post([this, beneficiary] { watchOver(beneficiary); });
     return unheld;
+}
+
+void Node::watchOver(const PeerId& holder) {
+    const std::shared_ptr<Peer> peer = peers.get(holder);
+    // One that is found dead loses its references at once.
+    if (peer->ensureLinked() || peer->isDead()) return;
+    reactor.after(kPause, [this, holder] { notices.post([this, holder] { watchOver(holder); }); });
 }
 
 void Node::letGo(Exports::Objects objects) {

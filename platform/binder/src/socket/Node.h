@@ -34,15 +34,18 @@ class Node {
     /// An object of this process, by its token, for whoever was handed it.
     sp<IBinder> comeHome(const Token& token);
 
-    /// Counts a reference of @p beneficiary, to whom somebody passed an object of this process.
-    /// @return the object if nobody holds it any more all the same.
-    sp<BBinder> credit(const Token& token, const PeerId& beneficiary);
+    /// Adds @p change to the references of @p beneficiary, to whom somebody passes an object of this process.
+    /// @return the object when nobody holds it any more, to be released by the caller.
+    sp<BBinder> credit(const Token& token, const PeerId& beneficiary, int64_t change);
 
     /// Releases objects on the notice thread: their destructors are foreign code.
     void letGo(Exports::Objects objects);
 
   private:
     Node();
+
+    /// Sees to it that the death of @p holder will be noticed.
+    void watchOver(const PeerId& holder);
 
     Acceptor mAcceptor;
 };

@@ -1,25 +1,12 @@
 #include "NoticeThread.h"
 
-#include <exception>
 #include <utility>
 
+#include "../Contained.h"
 #include "../Log.h"
 #include "RuntimeThread.h"
 
 namespace android::runtime {
-
-namespace {
-
-/// A notice is foreign code; what it throws must not end the process.
-void runContained(const NoticeThread::Notice& notice) {
-    try {
-        notice();
-    } catch (const std::exception& error) {
-        BINDER_LOGE("an exception left a death recipient or a destructor: %s", error.what());
-    }
-}
-
-}  // namespace
 
 void NoticeThread::post(Notice notice) {
     const std::lock_guard<std::mutex> guard(mLock);
@@ -38,7 +25,9 @@ void NoticeThread::run() {
             next = std::move(mNotices.front());
             mNotices.pop_front();
         }
-        runContained(next);
+        if (const auto thrown = thrownBy(next)) {
+            BINDER_LOGE("an exception left a destructor or another notice: %s", thrown->c_str());
+        }
     }
 }
 

@@ -18,8 +18,9 @@ namespace {
 
 status_t checkSendable(const Parcel& parcel) {
     if (parcel.errorCheck() != NO_ERROR) return parcel.errorCheck();
-    if (parcel.dataSize() <= kMaxTransaction) return NO_ERROR;
-    BINDER_LOGE("a parcel of %zu bytes is refused; %zu are the most", parcel.dataSize(), kMaxTransaction);
+    const size_t size = ParcelAccess::size(parcel);
+    if (size <= kMaxTransaction) return NO_ERROR;
+    BINDER_LOGE("a parcel of %zu bytes is refused; %zu are the most", size, kMaxTransaction);
     return FAILED_TRANSACTION;
 }
 
@@ -33,6 +34,8 @@ EncodedParcel::EncodedParcel(const Parcel& parcel, Peer& receiver)
 EncodedParcel::~EncodedParcel() {
     for (const Token& token : mLent)
         mReceiver.takeBack(token);
+    for (const auto& [owner, token] : mPassedOn)
+        owner->tellNotPassedOn(token, mReceiver.id());
 }
 
 void EncodedParcel::encodeObjects() {
@@ -63,6 +66,7 @@ void EncodedParcel::encodeBinder(size_t offset, const sp<IBinder>& binder) {
         record.owner = remote.peer().id();
         record.token = remote.token();
         mPassedOn.emplace_back(remote.peer().shared_from_this(), remote.token());
+        remote.peer().tellPassingOn(remote.token(), mReceiver.id());
     }
     mRecords.push_back(record);
 }
@@ -75,8 +79,7 @@ void EncodedParcel::describe(FrameHeader* header) const {
 
 void EncodedParcel::sent() {
     mLent.clear();
-    for (const auto& [owner, token] : mPassedOn)
-        owner->tellPassedOn(token, mReceiver.id());
+    mPassedOn.clear();
 }
 
 namespace {

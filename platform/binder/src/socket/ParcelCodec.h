@@ -14,8 +14,8 @@ namespace android::runtime {
 struct Frame;
 class Peer;
 
-/// A parcel made ready for one peer: its objects are lent to the peer, and taken back unless it was sent.
-/// Borrows the parcel and the peer.
+/// A parcel made ready for one peer: its objects are lent to the peer, or credited to it by their owners, and
+/// taken back unless it was sent. Borrows the parcel and the peer.
 class EncodedParcel {
   public:
     EncodedParcel(const Parcel& parcel, Peer& receiver);
@@ -32,7 +32,7 @@ class EncodedParcel {
     const std::vector<ObjectRecord>& records() const { return mRecords; }
     const std::vector<int>& fds() const { return mFds; }
 
-    /// The frame is out: the objects stay lent, and owners hear of what was passed on.
+    /// The frame is out: what it lent and passed on stays with the peer.
     void sent();
 
   private:

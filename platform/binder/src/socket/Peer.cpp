@@ -33,7 +33,8 @@ std::unique_ptr<Connection> Peer::open(ConnectionKind kind, status_t* status) {
     Credentials credentials;
     Hello hello{kProtocol, kind, mNode.id};
     iovec part{&hello, sizeof(hello)};
-    if (fd.isOpen() && readCredentials(fd.get(), &credentials) && sendAll(fd.get(), &part, 1, nullptr, 0)) {
+    if (fd.isOpen() && readCredentials(fd.get(), &credentials) &&
+        sendAll(fd.get(), &part, 1, nullptr, 0) == Sent::kAll) {
         return std::make_unique<Connection>(std::move(fd), kind, shared_from_this(), credentials);
     }
     *status = fd.isOpen() || isGone(error) ? DEAD_OBJECT : FAILED_TRANSACTION;
@@ -54,6 +55,8 @@ std::unique_ptr<Connection> Peer::takeConnection(status_t* status) {
             return connection;
         }
     }
+    // One that could not be had when an object was received may be had now.
+    ensureLinked();
     return open(ConnectionKind::kCall, status);
 }
 
@@ -65,12 +68,23 @@ void Peer::giveBack(std::unique_ptr<Connection> connection) {
 status_t Peer::sendOneway(const FrameHeader& header, const void* data,
                           const std::vector<ObjectRecord>& records, const std::vector<int>& fds) {
     const std::lock_guard<std::mutex> guard(mOnewayLock);
+    if (isDead()) return DEAD_OBJECT;
     status_t status = NO_ERROR;
     if (mOneway == nullptr) mOneway = open(ConnectionKind::kOneway, &status);
     if (mOneway == nullptr) return status;
-    if (mOneway->send(header, data, records, fds)) return NO_ERROR;
+    status = mOneway->send(header, data, records, fds);
+    if (status == DEAD_OBJECT) mOneway.reset();
+    return status;
+}
+
+void Peer::dropOneway() {
+    const std::lock_guard<std::mutex> guard(mOnewayLock);
     mOneway.reset();
-    return DEAD_OBJECT;
+}
+
+bool Peer::isDead() {
+    const std::lock_guard<std::mutex> guard(mLock);
+    return mDead;
 }
 
 bool Peer::ensureLinked() {
@@ -84,7 +98,7 @@ bool Peer::ensureLinked() {
     Hello hello{kProtocol, ConnectionKind::kLink, mNode.id};
     iovec part{&hello, sizeof(hello)};
     if (!fd.isOpen() || !readCredentials(fd.get(), &credentials) ||
-        !sendAll(fd.get(), &part, 1, nullptr, 0)) {
+        sendAll(fd.get(), &part, 1, nullptr, 0) != Sent::kAll) {
         if (fd.isOpen() || isGone(error)) die();
         return false;
     }
@@ -108,6 +122,7 @@ bool Peer::addLink(RuntimeFd fd, const Credentials& credentials) {
     if (link->watch == 0) return false;
     mPid = credentials.pid;
     mLinks.push_back(link);
+    flushLocked();
     return true;
 }
 
@@ -145,7 +160,10 @@ void Peer::obey(const LinkMessage& message) {
             unheld = mNode.exports.adjust(message.token, mId, -int64_t{message.count});
             break;
         case LinkMessageKind::kTransfer:
-            unheld = mNode.credit(message.token, message.beneficiary);
+            unheld = mNode.credit(message.token, message.beneficiary, 1);
+            break;
+        case LinkMessageKind::kRevoke:
+            unheld = mNode.credit(message.token, message.beneficiary, -1);
             break;
         default:
             BINDER_LOGW("process %d sends link messages of a kind unknown here", mPid);
@@ -156,12 +174,13 @@ void Peer::obey(const LinkMessage& message) {
 
 void Peer::tell(const LinkMessage& message) {
     const std::lock_guard<std::mutex> guard(mLock);
-    if (mDead || mLinks.empty()) return;
+    if (mDead) return;
     mOutbox.append(reinterpret_cast<const char*>(&message), sizeof(message));
     flushLocked();
 }
 
-/// Always on the first link, so that messages keep their order.
+/// Always on the first link, so that messages keep their order. They wait while there is none: a process may
+/// have been short of descriptors when it received an object.
 void Peer::flushLocked() {
     if (mLinks.empty()) return;
     Link& link = *mLinks.front();
@@ -228,8 +247,12 @@ void Peer::takeBack(const Token& token) {
     if (unheld != nullptr) mNode.letGo({std::move(unheld)});
 }
 
-void Peer::tellPassedOn(const Token& token, const PeerId& beneficiary) {
+void Peer::tellPassingOn(const Token& token, const PeerId& beneficiary) {
     tell({LinkMessageKind::kTransfer, 1, token, beneficiary});
+}
+
+void Peer::tellNotPassedOn(const Token& token, const PeerId& beneficiary) {
+    tell({LinkMessageKind::kRevoke, 1, token, beneficiary});
 }
 
 void Peer::die() {
@@ -255,6 +278,8 @@ void Peer::die() {
     for (sp<BpBinder>& binder : bereaved) {
         mNode.notices.post([binder = std::move(binder)] { binder->sendObituary(); });
     }
+    // Its lock may be held by a thread that sends, which must not hold up the reactor.
+    mNode.notices.post([self = shared_from_this()] { self->dropOneway(); });
 }
 
 std::shared_ptr<Peer> PeerTable::get(const PeerId& id) {

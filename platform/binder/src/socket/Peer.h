@@ -40,6 +40,8 @@ class Peer : public std::enable_shared_from_this<Peer> {
     /// Takes over a link that the peer opened. Closes it when it comes from another process than before.
     void adoptLink(RuntimeFd fd, const Credentials& credentials);
 
+    bool isDead();
+
     /// A connection for one call, to be given back when it is still good; null when there is none to be had.
     /// @param status why: DEAD_OBJECT or FAILED_TRANSACTION.
     std::unique_ptr<Connection> takeConnection(status_t* status);
@@ -58,8 +60,11 @@ class Peer : public std::enable_shared_from_this<Peer> {
     Token lend(const sp<BBinder>& object);
     void takeBack(const Token& token);
 
-    /// The peer may know now that the object of its own named by @p token was given to @p beneficiary.
-    void tellPassedOn(const Token& token, const PeerId& beneficiary);
+    /// Says that the peer's own object named by @p token is about to be given to @p beneficiary; said in
+    /// front, so that the object outlives a giver who dies in the middle.
+    void tellPassingOn(const Token& token, const PeerId& beneficiary);
+    /// Takes that back.
+    void tellNotPassedOn(const Token& token, const PeerId& beneficiary);
 
     /// For SocketRemote, at its end: gives its references back.
     void forget(const SocketRemote& remote);
@@ -82,6 +87,7 @@ class Peer : public std::enable_shared_from_this<Peer> {
     void obey(const LinkMessage& message);
     void tell(const LinkMessage& message);
     void flushLocked();
+    void dropOneway();
     void die();
 
     Node& mNode;
@@ -95,7 +101,7 @@ class Peer : public std::enable_shared_from_this<Peer> {
     std::vector<std::unique_ptr<Connection>> mIdle;
     std::unordered_map<Token, Proxy, SecretHash> mProxies;
 
-    // Orders one-way calls; held while sending, never together with mLock.
+    // Orders one-way calls; held while sending, taken before mLock.
     std::mutex mOnewayLock;
     std::unique_ptr<Connection> mOneway;
 };

@@ -13,6 +13,9 @@ namespace android::runtime {
 
 namespace {
 
+/// No folder, so whatever is looked for in it is not there and cannot be made there either.
+constexpr char kNowhere[] = "/dev/null";
+
 std::string environment(const char* name) {
     const char* const value = std::getenv(name);
     return value != nullptr ? value : "";
@@ -50,7 +53,7 @@ std::string prepareRuntimeFolder() {
             "runtime folder %s cannot be trusted: %s. Set BINDER_RUNTIME_DIR to a folder of your own "
             "with mode 0700.",
             folder.c_str(), problem);
-        return {};
+        return kNowhere;
     }
     return folder;
 }

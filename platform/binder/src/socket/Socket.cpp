@@ -27,6 +27,8 @@ void waitForRoom(int fd) {
     poll(&wanted, 1, -1);
 }
 
+bool isHangUp(int error) { return error == EPIPE || error == ECONNRESET; }
+
 /// Drops the first @p count bytes and the parts that are empty then.
 void advance(msghdr* message, size_t count) {
     while (message->msg_iovlen > 0 && (count > 0 || message->msg_iov->iov_len == 0)) {
@@ -91,7 +93,7 @@ bool readCredentials(int fd, Credentials* out) {
     return true;
 }
 
-bool sendAll(int fd, iovec* parts, size_t partCount, const int* fds, size_t fdCount) {
+Sent sendAll(int fd, iovec* parts, size_t partCount, const int* fds, size_t fdCount) {
     alignas(cmsghdr) uint8_t control[CMSG_SPACE(kMaxDescriptors * sizeof(int))];
     msghdr message{};
     message.msg_iov = parts;
@@ -106,19 +108,21 @@ bool sendAll(int fd, iovec* parts, size_t partCount, const int* fds, size_t fdCo
         header->cmsg_len = CMSG_LEN(fdCount * sizeof(int));
         std::memcpy(CMSG_DATA(header), fds, fdCount * sizeof(int));
     }
+    bool begun = false;
     while (message.msg_iovlen > 0) {
         const ssize_t sent = sendmsg(fd, &message, MSG_NOSIGNAL);
         if (sent >= 0) {
             advance(&message, static_cast<size_t>(sent));
             message.msg_controllen = 0;
             message.msg_control = nullptr;
+            begun = true;
         } else if (errno == EAGAIN) {
             waitForRoom(fd);
         } else if (errno != EINTR) {
-            return false;
+            return begun || isHangUp(errno) ? Sent::kGone : Sent::kNothing;
         }
     }
-    return true;
+    return Sent::kAll;
 }
 
 }  // namespace android::runtime

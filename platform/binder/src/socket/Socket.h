@@ -42,9 +42,15 @@ class SocketFolder {
 /// @return false when the kernel does not say.
 bool readCredentials(int fd, Credentials* out);
 
+enum class Sent {
+    kAll,
+    kNothing,  ///< the kernel takes it not at all, @c errno says why; the socket is as good as before
+    kGone,     ///< the other end is gone, or has got a part and will never get the rest
+};
+
 /// Sends everything, or fails. Waits while the socket is full; never raises SIGPIPE.
 /// @param parts changed while sending.
 /// @param fds   travel with the first byte.
-bool sendAll(int fd, iovec* parts, size_t partCount, const int* fds, size_t fdCount);
+Sent sendAll(int fd, iovec* parts, size_t partCount, const int* fds, size_t fdCount);
 
 }  // namespace android::runtime

@@ -1,0 +1,28 @@
+// Foreign code that the runtime runs on its own threads: stubs, death recipients, destructors.
+#pragma once
+
+#include <cxxabi.h>
+
+#include <exception>
+#include <optional>
+#include <string>
+
+namespace android::runtime {
+
+/// Runs @p action, which may throw whatever it likes; only the cancelling of the thread goes through.
+/// @return what was thrown, in words; nothing when it was not.
+template <typename Action>
+std::optional<std::string> thrownBy(const Action& action) {
+    try {
+        action();
+        return std::nullopt;
+    } catch (const abi::__forced_unwind&) {
+        throw;
+    } catch (const std::exception& error) {
+        return error.what();
+    } catch (...) {
+        return "not a std::exception";
+    }
+}
+
+}  // namespace android::runtime

@@ -1,0 +1,56 @@
+#include "tests/platform/CountingHeap.h"
+
+#include <cstdlib>
+#include <new>
+
+namespace {
+
+thread_local size_t tAllocations = 0;
+thread_local size_t tFrees = 0;
+thread_local bool tExhausted = false;
+
+void* allocate(size_t size) {
+    ++tAllocations;
+    return tExhausted ? nullptr : std::malloc(size);
+}
+
+}  // namespace
+
+void* operator new(size_t size) {
+    void* const block = allocate(size);
+    if (block == nullptr) throw std::bad_alloc();
+    return block;
+}
+
+void* operator new(size_t size, const std::nothrow_t&) noexcept {
+    return allocate(size);
+}
+
+void operator delete(void* block) noexcept {
+    if (block != nullptr) ++tFrees;
+    std::free(block);
+}
+
+void operator delete(void* block, size_t) noexcept {
+    operator delete(block);
+}
+
+namespace accessory::test {
+
+size_t allocations() {
+    return tAllocations;
+}
+
+size_t frees() {
+    return tFrees;
+}
+
+Exhaustion::Exhaustion() {
+    tExhausted = true;
+}
+
+Exhaustion::~Exhaustion() {
+    tExhausted = false;
+}
+
+}  // namespace accessory::test

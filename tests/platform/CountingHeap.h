@@ -1,0 +1,24 @@
+// A heap that counts and can be told to be exhausted. Linked into a program, it replaces operator new and
+// delete for everything in it. All of this is per thread.
+#pragma once
+
+#include <cstddef>
+
+namespace accessory::test {
+
+/// How often the calling thread has asked operator new for memory, with or without success.
+size_t allocations();
+
+/// How many blocks the calling thread has handed to operator delete.
+size_t frees();
+
+/// While it lives, the calling thread's allocations fail.
+class Exhaustion {
+  public:
+    Exhaustion();
+    ~Exhaustion();
+    Exhaustion(const Exhaustion&) = delete;
+    Exhaustion& operator=(const Exhaustion&) = delete;
+};
+
+}  // namespace accessory::test
