@@ -9,6 +9,9 @@
 //   which
 //                status, the stub must give up; arguments() hands it to the operation. A slot may own memory;
 //                it lives until the reply is written.
+//
+// A kind that travels in the reply instead has kAnswers; its slot has writeReply() in place of read(), and it
+// has readReply(), which gives the proxy's caller what came, in place of write().
 #pragma once
 
 #include <utils/String8.h>
@@ -16,6 +19,7 @@
 #include <cstdint>
 #include <optional>
 #include <tuple>
+#include <type_traits>
 
 #include "common/Marshal.h"
 
@@ -145,20 +149,33 @@ constexpr CString cstr(const char* name) { return {name}; }
 constexpr OptionalCString optionalCstr(const char* name) { return {name}; }
 constexpr CountedString string8(const char* name, const char* check) { return {name, check}; }
 
-/// How the result of an operation travels in the reply.
+/// Whether a field travels in the reply: the operation fills it in.
+template <typename Field, typename = void>
+inline constexpr bool isInReplyOf = false;
+template <typename Field>
+inline constexpr bool isInReplyOf<Field, std::void_t<decltype(Field::kAnswers)>> = true;
+template <typename Field>
+inline constexpr bool isInReply = isInReplyOf<std::decay_t<Field>>;
+
+/// How the result of an operation travels, at the end of the reply. write() tells whether, and with which
+/// status, the request fails all the same.
 template <typename Result>
 struct Answer;
 
 template <>
 struct Answer<int> {
-    static void write(Writer& out, int value, const char* /*check*/) { out.i32(value); }
+    static GiveUp write(Writer& out, int value, const char* /*check*/) {
+        out.i32(value);
+        return kGoOn;
+    }
     static int read(Reader& in) { return in.i32(); }
 };
 
 template <>
 struct Answer<android::String8> {
-    static void write(Writer& out, const android::String8& value, const char* check) {
+    static GiveUp write(Writer& out, const android::String8& value, const char* check) {
         out.string8(value, check);
+        return kGoOn;
     }
     static android::String8 read(Reader& in) { return in.string8(); }
 };

@@ -24,9 +24,11 @@
 
 namespace accessory::wire {
 
-template <typename Operation, typename Returned, typename... Fields>
+/// @tparam ReplyKind how the result travels; see Answer in Kinds.h.
+template <typename Operation, typename Returned, typename ReplyKind, typename... Fields>
 struct Row {
     using Result = Returned;
+    using Reply = ReplyKind;
 
     uint32_t code = 0;
     const char* name = nullptr;
@@ -43,34 +45,41 @@ struct Row {
 };
 
 /// A row whose fields carry the operation's parameters one after the other; anything else does not compile.
-template <typename Interface, typename Result, typename... Parameters, typename... Fields>
-constexpr auto request(uint32_t code, const char* name, Result (Interface::*operation)(Parameters...),
-                       Fields... fields) {
+template <typename ReplyKind, typename Interface, typename Result, typename... Parameters, typename... Fields>
+constexpr auto requestWith(uint32_t code, const char* name, Result (Interface::*operation)(Parameters...),
+                           Fields... fields) {
     using Carried = decltype(std::tuple_cat(std::declval<typename Fields::Arguments>()...));
     static_assert(std::is_same_v<Carried, std::tuple<Parameters...>>,
                   "the fields of a row must carry exactly the parameters of its operation");
-    return Row<decltype(operation), Result, Fields...>{code, name, operation, {fields...}};
+    return Row<decltype(operation), Result, ReplyKind, Fields...>{code, name, operation, {fields...}};
 }
 
-template <size_t First, typename Field, typename Arguments, size_t... Offset>
-void writeField(const Field& field, Writer& out, const Arguments& arguments,
-                std::index_sequence<Offset...> /*carried*/) {
-    field.write(out, std::get<First + Offset>(arguments)...);
+/// The usual row, whose result travels as its type says.
+template <typename Interface, typename Result, typename... Parameters, typename... Fields>
+constexpr auto request(uint32_t code, const char* name, Result (Interface::*operation)(Parameters...),
+                       Fields... fields) {
+    return requestWith<Answer<Result>>(code, name, operation, fields...);
 }
 
-/// Writes the fields from number @p Field on, to which the arguments from number @p First on belong.
-template <size_t Field, size_t First, typename... Fields, typename Arguments>
-void writeFields(const std::tuple<Fields...>& fields, Writer& out, const Arguments& arguments) {
+template <size_t First, typename Field, typename Arguments, typename Use, size_t... Offset>
+void useField(const Field& field, const Arguments& arguments, const Use& use,
+              std::index_sequence<Offset...> /*carried*/) {
+    use(field, std::get<First + Offset>(arguments)...);
+}
+
+/// Hands every field from number @p Field on to @p use, with its arguments, which begin at number @p First.
+template <size_t Field, size_t First, typename... Fields, typename Arguments, typename Use>
+void forEachField(const std::tuple<Fields...>& fields, const Arguments& arguments, const Use& use) {
     if constexpr (Field < sizeof...(Fields)) {
         const auto& field = std::get<Field>(fields);
         constexpr size_t kCarried = std::tuple_size_v<typename std::decay_t<decltype(field)>::Arguments>;
-        writeField<First>(field, out, arguments, std::make_index_sequence<kCarried>{});
-        writeFields<Field + 1, First + kCarried>(fields, out, arguments);
+        useField<First>(field, arguments, use, std::make_index_sequence<kCarried>{});
+        forEachField<Field + 1, First + kCarried>(fields, arguments, use);
     }
 }
 
 /// A proxy's operation: sends the row's request to @p remote and returns what the reply holds. Failed steps
-/// are reported, and the rest is done regardless, so an empty reply gives 0 or an empty string.
+/// are reported, and the rest is done regardless, so an empty reply gives 0, null or an empty string.
 template <typename Row, typename... Arguments>
 typename Row::Result call(const Manners& manners, const Row& row, const android::String16& descriptor,
                           android::IBinder* remote, const Arguments&... arguments) {
@@ -79,23 +88,43 @@ typename Row::Result call(const Manners& manners, const Row& row, const android:
     Writer out(manners, row.name, data);
     Reader in(manners, row.name, reply);
     out.step(data.writeInterfaceToken(descriptor));
-    writeFields<0, 0>(row.fields, out, std::tie(arguments...));
+    forEachField<0, 0>(row.fields, std::tie(arguments...),
+                       [&out](const auto& field, const auto&... argument) {
+                           if constexpr (!isInReply<decltype(field)>) field.write(out, argument...);
+                       });
     out.step(remote->transact(row.code, data, &reply, 0));
     if (manners.replyHasHeader) in.step(reply.readExceptionCode(), "!reply.readExceptionCode()");
-    return Answer<typename Row::Result>::read(in);
+    forEachField<0, 0>(row.fields, std::tie(arguments...), [&in](const auto& field, const auto&... argument) {
+        if constexpr (isInReply<decltype(field)>) field.readReply(in, argument...);
+    });
+    return Row::Reply::read(in);
+}
+
+template <typename Field>
+GiveUp readSlot(Reader& in, typename Field::Slot& slot) {
+    if constexpr (isInReply<Field>) {
+        return kGoOn;
+    } else {
+        return slot.read(in);
+    }
+}
+
+template <typename Field>
+void answerFromSlot(Writer& out, typename Field::Slot& slot) {
+    if constexpr (isInReply<Field>) slot.writeReply(out);
 }
 
 /// A stub's case, after the interface token: reads the fields, calls the stub's own operation, writes its
-/// result.
-template <typename Operation, typename Result, typename... Fields, typename Stub>
-android::status_t serve(const Manners& manners, const Row<Operation, Result, Fields...>& row, Stub& stub,
-                        const android::Parcel& data, android::Parcel* reply) {
+/// answer.
+template <typename Operation, typename Result, typename ReplyKind, typename... Fields, typename Stub>
+android::status_t serve(const Manners& manners, const Row<Operation, Result, ReplyKind, Fields...>& row,
+                        Stub& stub, const android::Parcel& data, android::Parcel* reply) {
     Reader in(manners, "onTransact", data);
     Writer out(manners, "onTransact", *reply);
     std::tuple<typename Fields::Slot...> slots;
     GiveUp giveUp;
     const auto readAll = [&](auto&... slot) {
-        static_cast<void>(((giveUp = slot.read(in), !giveUp.has_value()) && ...));
+        static_cast<void>(((giveUp = readSlot<Fields>(in, slot), !giveUp.has_value()) && ...));
     };
     std::apply(readAll, slots);
     if (giveUp.has_value()) return *giveUp;
@@ -103,8 +132,9 @@ android::status_t serve(const Manners& manners, const Row<Operation, Result, Fie
     const auto operation = [&](auto&&... argument) -> Result {
         return (stub.*row.operation)(std::forward<decltype(argument)>(argument)...);
     };
-    Answer<Result>::write(out, std::apply(operation, std::apply(arguments, slots)), row.replyCheck);
-    return android::NO_ERROR;
+    const Result result = std::apply(operation, std::apply(arguments, slots));
+    std::apply([&out](auto&... slot) { (answerFromSlot<Fields>(out, slot), ...); }, slots);
+    return ReplyKind::write(out, result, row.replyCheck).value_or(android::NO_ERROR);
 }
 
 /// Serves @p code by its row in @p rows, after checking the interface token.

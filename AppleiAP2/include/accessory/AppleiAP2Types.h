@@ -11,8 +11,95 @@
 namespace accessory {
 
 /// Enumerations of the service; it completes them with enumerators of its own. They travel as 32 bits.
+enum AppleiAP2TransportMode : int32_t;
+enum AppLaunchMethod : int32_t;
+enum MediaLibCollectionType : int32_t;
 enum MediaLibType : int32_t;
 enum requestWiFiStatues : int32_t;
+enum WiFiSecurityType : int32_t;
+
+/// Argument of startHID(). A receiver's descriptor lives until the operation returns.
+struct HIDReportAttributes {
+    uint16_t componentId = 0;                   ///< HID component identifier
+    uint16_t vendorId = 0;                      ///< vendor identifier of the component
+    uint16_t productId = 0;                     ///< product identifier of the component
+    const uint8_t* reportDescriptor = nullptr;  ///< the HID report descriptor
+    uint32_t reportDescriptorLen = 0;           ///< its length in bytes
+    uint8_t countryCode = 0;                    ///< keyboard country code
+};
+
+/// One element of BTComponentInformation(); travels as it lies in memory.
+struct BTComInfo_s {
+    uint8_t bytes[8];
+};
+static_assert(sizeof(BTComInfo_s) == 8 && alignof(BTComInfo_s) == 1);
+
+/// Argument of StartCallStateUpdates(); travels as it lies in memory. One byte per field of
+/// CallStateUpdateParam, in the same order: not 0 when the client wants that field.
+struct StartCallStateUpdateParam {
+    uint8_t field1 = 0;
+    uint8_t field2 = 0;
+    uint8_t field3 = 0;
+    uint8_t field4 = 0;
+    uint8_t field5 = 0;
+    uint8_t field6 = 0;
+    uint8_t field7 = 0;
+    uint8_t field8 = 0;
+    uint8_t field9 = 0;
+    uint8_t field10 = 0;
+    uint8_t field11 = 0;
+    uint8_t field12 = 0;
+};
+static_assert(sizeof(StartCallStateUpdateParam) == 12 && offsetof(StartCallStateUpdateParam, field1) == 0 &&
+              offsetof(StartCallStateUpdateParam, field12) == 11);
+
+/// Argument of StartCommunicationsUpdates(); travels as it lies in memory. One byte per field of
+/// CommunicationsUpdateParam, as StartCallStateUpdateParam; seventeen bytes without padding.
+struct StartCommunicationsUpdatesParam {
+    uint8_t field1 = 0;
+    uint8_t field2 = 0;
+    uint8_t field3 = 0;
+    uint8_t field4 = 0;
+    uint8_t field5 = 0;
+    uint8_t field6 = 0;
+    uint8_t field7 = 0;
+    uint8_t field8 = 0;
+    uint8_t field9 = 0;
+    uint8_t field10 = 0;
+    uint8_t field11 = 0;
+    uint8_t field12 = 0;
+    uint8_t field13 = 0;
+    uint8_t field14 = 0;
+    uint8_t field15 = 0;
+    uint8_t field16 = 0;
+    uint8_t field17 = 0;
+};
+static_assert(sizeof(StartCommunicationsUpdatesParam) == 17 &&
+              offsetof(StartCommunicationsUpdatesParam, field1) == 0 &&
+              offsetof(StartCommunicationsUpdatesParam, field17) == 16);
+
+/// Argument of InitiateCall(). A receiver's strings live until the operation returns.
+struct InitiateCallParam {
+    int32_t type = 0;
+    const char* destinationId = nullptr;  ///< may be null
+    int32_t service = 0;
+    const char* addressBookId = nullptr;  ///< may be null
+};
+
+/// How CarPlayStartSession() is to start over the wire. A receiver's string lives until the operation
+/// returns.
+struct CPStartSessionWiredAttributes {
+    const char* string1 = nullptr;
+};
+
+/// How CarPlayStartSession() is to start without a wire; as CPStartSessionWiredAttributes.
+struct CPStartSessionWirelessAttributes {
+    const char* string1 = nullptr;
+    const char* string2 = nullptr;
+    uint8_t value8 = 0;
+    const char* string3 = nullptr;
+    uint32_t value32 = 0;
+};
 
 /// Argument of fileTransferSetup(). A receiver's buffer lives until the operation returns.
 struct FileTransferSetup {

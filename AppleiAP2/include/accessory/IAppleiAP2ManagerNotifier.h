@@ -241,7 +241,7 @@ class ACCESSORY_EXPORT BpAppleiAP2ManagerNotifier : public android::BpInterface<
 
   private:
     template <typename Row, typename... Arguments>
-    int call(const Row& row, const Arguments&... arguments);
+    ACCESSORY_HIDDEN int call(const Row& row, const Arguments&... arguments);
 };
 
 /// What a client implements: the operations of IAppleiAP2ManagerNotifier, called on the Binder runtime's

@@ -1,0 +1,64 @@
+#include "AppleiAP2/manager/AnswerKinds.h"
+
+#include <android/log.h>
+
+#include <algorithm>
+#include <string>
+
+namespace accessory::wire::iap2_manager {
+
+namespace {
+
+constexpr const char* kTag = kiAP2ManagerUnit.tag;
+
+/// @param kept where the string lives on; the reply does not.
+const char* keep(std::string* kept, const char* text) {
+    if (text == nullptr) return nullptr;
+    *kept = text;
+    return kept->c_str();
+}
+
+}  // namespace
+
+void AppIds::Slot::writeReply(Writer& out) {
+    const unsigned int sent = std::min(count, kMostIds);
+    out.i32(static_cast<int32_t>(sent));
+    for (unsigned int i = 0; i < sent; ++i)
+        out.cstr(ids[i]);
+}
+
+void AppIds::readReply(Reader& in, const char** appIds, unsigned int* count) {
+    *count = std::min(static_cast<unsigned int>(in.i32()), kMostIds);
+    for (unsigned int i = 0; i < *count; ++i) {
+        if (in.cstr() == nullptr) continue;
+        __android_log_print(ANDROID_LOG_DEBUG, kTag, "%s get appIds %s", "getAPPIds",
+                            appIds != nullptr && appIds[i] != nullptr ? appIds[i] : "(null)");
+    }
+}
+
+GiveUp FeatureAnswer::write(Writer& out, const char* feature, const char* /*check*/) {
+    if (!holds(out.site(), feature != nullptr, "feature")) return android::BAD_VALUE;
+    out.cstr(feature);
+    return kGoOn;
+}
+
+const char* FeatureAnswer::read(Reader& in) {
+    thread_local std::string kept;
+    return keep(&kept, in.cstr());
+}
+
+GiveUp VersionAnswer::write(Writer& out, const char* version, const char* /*check*/) {
+    if (version != nullptr) {
+        out.cstr(version);
+    } else {
+        __android_log_print(ANDROID_LOG_WARN, kTag, "getVersion return NULL\n");
+    }
+    return kGoOn;
+}
+
+const char* VersionAnswer::read(Reader& in) {
+    thread_local std::string kept;
+    return keep(&kept, in.cstr());
+}
+
+}  // namespace accessory::wire::iap2_manager
