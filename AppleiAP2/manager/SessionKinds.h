@@ -9,31 +9,10 @@
 #include <tuple>
 #include <type_traits>
 
+#include "common/BinderKind.h"
 #include "common/Kinds.h"
 
 namespace accessory::wire::iap2_manager {
-
-/// A client's notifier, by its binder.
-struct NotifierBinder {
-    static constexpr const char* kKind = "binder";
-    using Arguments = std::tuple<const android::sp<IAppleiAP2ManagerNotifier>&>;
-
-    const char* name = nullptr;
-
-    static void write(Writer& out, const android::sp<IAppleiAP2ManagerNotifier>& notifier) {
-        out.binder(android::IInterface::asBinder(notifier), nullptr);
-    }
-
-    struct Slot {
-        android::sp<IAppleiAP2ManagerNotifier> notifier;
-
-        GiveUp read(Reader& in) {
-            notifier = IAppleiAP2ManagerNotifier::asInterface(in.binder());
-            return kGoOn;
-        }
-        Arguments arguments() { return {notifier}; }
-    };
-};
 
 /// A structure of bytes, by reference or by pointer. Null cannot be written: that is reported, and zeros
 /// travel.
@@ -147,7 +126,7 @@ struct PairingBlock {
     };
 };
 
-constexpr NotifierBinder notifierBinder(const char* name) { return {name}; }
+constexpr NotifierBinder<IAppleiAP2ManagerNotifier> notifierBinder(const char* name) { return {name}; }
 template <typename Argument>
 constexpr RawRecord<Argument> rawRecord(const char* name) {
     return {name};

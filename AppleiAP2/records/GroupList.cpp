@@ -1,6 +1,7 @@
 #include "AppleiAP2/records/GroupList.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "AppleiAP2/records/MediaLibraryTables.h"
 #include "AppleiAP2/records/RecordText.h"
@@ -74,8 +75,10 @@ bool GroupList::read(RecordReader& reader, GroupEntries& slot) const {
     if (count <= 0) return true;
     slot.setCapacity(std::min<size_t>(count, reader.available() / kSmallestEntryBytes));
     for (int32_t i = 0; i < count && slot.size() < kMostEntries; ++i) {
-        const sp<Entry> entry = readEntry(reader.parcel(), reader.int32());
-        if (entry != nullptr) slot.push(entry);
+        sp<Entry> entry = readEntry(reader.parcel(), reader.int32());
+        if (entry == nullptr) continue;
+        slot.push();
+        slot.editTop() = std::move(entry);
     }
     return true;
 }

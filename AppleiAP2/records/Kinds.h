@@ -110,8 +110,10 @@ struct CountedString : PlainString {
     constexpr CountedString() : PlainString{"countedCstr"} {}
 
     bool write(RecordWriter& writer, const char* value) const {
-        writer.int32(value == nullptr ? 0 : static_cast<int32_t>(std::strlen(value) + 1));
-        return value == nullptr || PlainString::write(writer, value);
+        const size_t bytes = value == nullptr ? 0 : std::strlen(value) + 1;
+        writer.int32(static_cast<int32_t>(bytes));
+        if (bytes != 0) writer.cstring(value, bytes);
+        return true;
     }
     bool read(RecordReader& reader, const char*& slot) const {
         slot = reader.int32() >= 1 ? reader.cstring() : nullptr;

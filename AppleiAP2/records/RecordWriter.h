@@ -33,6 +33,8 @@ class RecordWriter {
     void int32(int32_t value) { check(mParcel.writeInt32(value)); }
     void int64(uint64_t value) { check(mParcel.writeInt64(static_cast<int64_t>(value))); }
     void cstring(const char* value) { check(mParcel.writeCString(value)); }
+    /// For those who know how long it is. @param bytes its length with the NUL.
+    void cstring(const char* value, size_t bytes) { check(mParcel.write(value, bytes)); }
 
     /// @p count 16-bit values in the machine's byte order. Ends the process when there are some and @p values
     /// is null.
@@ -47,7 +49,9 @@ class RecordWriter {
     void require(bool condition, const char* text) const;
 
   private:
-    void check(android::status_t status) const { succeeded(mOperation.at(__LINE__), status); }
+    void check(android::status_t status) const {
+        if (status != android::NO_ERROR) succeeded(mOperation.at(__LINE__), status);
+    }
 
     android::Parcel& mParcel;
     const Operation mOperation;
