@@ -85,7 +85,7 @@ int AppleUSBAudioManagerNotifier::broadcast(const char* event, const char* check
     const android::Mutex::Autolock lock(mLock);
     const auto notifiers = mNotifiers.load();
     for (size_t i = 0; i < notifiers->size(); ++i) {
-        const android::sp<IAppleUSBAudioManagerNotifier> notifier = notifiers->valueAt(i);
+        const android::sp<IAppleUSBAudioManagerNotifier>& notifier = notifiers->valueAt(i);
         const Site site{kUnit, event, __LINE__};
         if (!holds(site, notifier.get() != nullptr, "notifier.get()")) return -1;
         holds(site, (notifier.get()->*operation)(accessoryId) == 0, check);

@@ -11,7 +11,10 @@ namespace {
 
 constexpr const char* kTag = kiAP2ManagerUnit.tag;
 
-/// @param kept where the string lives on; the reply does not.
+// Where a thread's answers live on; the replies do not.
+thread_local std::string tFeature;
+thread_local std::string tVersion;
+
 const char* keep(std::string* kept, const char* text) {
     if (text == nullptr) return nullptr;
     *kept = text;
@@ -42,10 +45,7 @@ GiveUp FeatureAnswer::write(Writer& out, const char* feature, const char* /*chec
     return kGoOn;
 }
 
-const char* FeatureAnswer::read(Reader& in) {
-    thread_local std::string kept;
-    return keep(&kept, in.cstr());
-}
+const char* FeatureAnswer::read(Reader& in) { return keep(&tFeature, in.cstr()); }
 
 GiveUp VersionAnswer::write(Writer& out, const char* version, const char* /*check*/) {
     if (version != nullptr) {
@@ -56,9 +56,6 @@ GiveUp VersionAnswer::write(Writer& out, const char* version, const char* /*chec
     return kGoOn;
 }
 
-const char* VersionAnswer::read(Reader& in) {
-    thread_local std::string kept;
-    return keep(&kept, in.cstr());
-}
+const char* VersionAnswer::read(Reader& in) { return keep(&tVersion, in.cstr()); }
 
 }  // namespace accessory::wire::iap2_manager

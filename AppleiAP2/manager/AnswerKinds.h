@@ -50,14 +50,14 @@ struct OutWord {
 
 /// The answer about a feature: a string without which the request fails.
 struct FeatureAnswer {
-    static GiveUp write(Writer& out, const char* answer, const char* check);
+    static GiveUp write(Writer& out, const char* feature, const char* check);
     /// Kept for the thread until its next question.
     static const char* read(Reader& in);
 };
 
 /// The version: a string that may be missing.
 struct VersionAnswer {
-    static GiveUp write(Writer& out, const char* answer, const char* check);
+    static GiveUp write(Writer& out, const char* version, const char* check);
     /// Kept for the thread until its next question.
     static const char* read(Reader& in);
 };

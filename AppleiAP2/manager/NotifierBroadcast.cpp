@@ -26,8 +26,8 @@ enum class Logs { kFailures, kSizeToo };
 
 /// How one event is raised.
 struct AppleiAP2ManagerNotifier::Event {
-    const char* name;
-    const char* label;  ///< in the log line of a client that failed; not always the name
+    const char* name = nullptr;
+    const char* label = nullptr;  ///< in the log line of a client that failed; not always the name
     Logs logs = Logs::kFailures;
     Returns returns = Returns::kSuccess;
     bool traced = true;
@@ -53,7 +53,7 @@ int AppleiAP2ManagerNotifier::callAll(const Event& event, const Notifiers& notif
     }
     int last = 0;
     for (size_t i = 0; i < notifiers.size(); ++i) {
-        const android::sp<IAppleiAP2ManagerNotifier> notifier = notifiers.valueAt(i);
+        const android::sp<IAppleiAP2ManagerNotifier>& notifier = notifiers.valueAt(i);
         if (!holds({kUnit, event.name, __LINE__}, notifier.get() != nullptr, "notifier.get()")) return -1;
         last = (notifier.get()->*operation)(arguments...);
         if (last != 0) {
