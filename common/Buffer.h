@@ -19,9 +19,10 @@ class RequestBuffer {
     RequestBuffer& operator=(const RequestBuffer&) = delete;
 
     /// Makes room for @p count values; not null for 0.
+    /// @param wireBytes the least that a value takes in the request.
     /// @return false when no transaction could carry as many, or there is no memory: null then.
-    bool allocate(size_t count) {
-        if (count > kMostTransactionBytes / sizeof(T)) return false;
+    bool allocate(size_t count, size_t wireBytes = sizeof(T)) {
+        if (count > kMostTransactionBytes / wireBytes) return false;
         // NOLINTNEXTLINE(cppcoreguidelines-no-malloc)
         mValues = static_cast<T*>(std::calloc(count > 0 ? count : 1, sizeof(T)));
         return mValues != nullptr;

@@ -60,15 +60,15 @@ struct CheckedArray : Array<Pointer, Count> {
     };
 };
 
-/// The Bluetooth address, the one array whose memory nobody asks about: without it the operation is called
-/// with no bytes.
+/// The Bluetooth address, the one array whose memory nobody asks about: without it reading the bytes fails,
+/// which is reported, and the operation is called with null all the same.
 struct BluetoothAddress : Array<unsigned char*, unsigned int> {
     struct Slot : Array<unsigned char*, unsigned int>::Slot {
         GiveUp read(Reader& in) {
             if (allocate(in)) {
                 readElements(in);
             } else {
-                count = 0;
+                in.step(android::NO_MEMORY);
             }
             return kGoOn;
         }

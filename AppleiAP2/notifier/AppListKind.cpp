@@ -1,8 +1,13 @@
 #include "AppleiAP2/notifier/AppListKind.h"
 
+#include <cstdlib>
+
 namespace accessory::wire::iap2_notifier {
 
 namespace {
+
+/// An element without strings and bytes: three words.
+constexpr size_t kLeastElementBytes = 3 * sizeof(int32_t);
 
 void writeElement(Writer& out, const AppleAppList& element) {
     out.i32(element.value16);
@@ -23,35 +28,46 @@ void AppList::write(Writer& out, const AppleAppList* list, unsigned short count)
         writeElement(out, list[i]);
 }
 
+AppList::Slot::~Slot() {
+    for (size_t i = 0; mBuffers.get() != nullptr && i < mCount; ++i) {
+        std::free(mBuffers.get()[i]);  // NOLINT(cppcoreguidelines-no-malloc)
+    }
+}
+
 GiveUp AppList::Slot::read(Reader& in) {
-    count = static_cast<uint16_t>(in.i32());
+    mCount = static_cast<uint16_t>(in.i32());
     const bool present = in.flag();
-    if (!present) return kGoOn;
-    elements.resize(count);
-    for (AppleAppList& element : elements)
-        readElement(in, &element);
+    if (!present || mCount == 0) return kGoOn;
+    if (!holds(in.site(), allocate(), "list")) return android::NO_ERROR;
+    for (size_t i = 0; i < mCount; ++i)
+        readElement(in, i);
     return kGoOn;
 }
 
-void AppList::Slot::readElement(Reader& in, AppleAppList* element) {
-    element->value16 = static_cast<uint16_t>(in.i32());
-    element->string1 = in.cstr();
-    element->string2 = in.cstr();
-    element->value32 = static_cast<uint32_t>(in.i32());
+bool AppList::Slot::allocate() {
+    return mElements.allocate(mCount, kLeastElementBytes) && mBuffers.allocate(mCount, kLeastElementBytes);
+}
+
+void AppList::Slot::readElement(Reader& in, size_t index) {
+    AppleAppList& element = mElements.get()[index];
+    element.value16 = static_cast<uint16_t>(in.i32());
+    element.string1 = in.cstr();
+    element.string2 = in.cstr();
+    element.value32 = static_cast<uint32_t>(in.i32());
     const auto length = static_cast<uint32_t>(in.i32());
-    element->buffer = length != 0 ? readBuffer(in, length) : nullptr;
-    element->bufferLength = element->buffer != nullptr ? length : 0;
+    element.buffer = length != 0 ? readBuffer(in, length) : nullptr;
+    element.bufferLength = element.buffer != nullptr ? length : 0;
+    mBuffers.get()[index] = element.buffer;
 }
 
 /// All buffers of a request together cannot be larger than a transaction; null for one that claims to be.
 void* AppList::Slot::readBuffer(Reader& in, uint32_t length) {
     if (length > kMostTransactionBytes - mBufferBytes) return nullptr;
-    auto buffer = std::make_unique<RequestBuffer<uint8_t>>();
-    if (!buffer->allocate(length)) return nullptr;
+    void* const buffer = std::calloc(length, 1);  // NOLINT(cppcoreguidelines-no-malloc)
+    if (buffer == nullptr) return nullptr;
     mBufferBytes += length;
-    in.raw(buffer->get(), length);
-    buffers.push_back(std::move(buffer));
-    return buffers.back()->get();
+    in.raw(buffer, length);
+    return buffer;
 }
 
 }  // namespace accessory::wire::iap2_notifier

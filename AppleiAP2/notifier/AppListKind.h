@@ -4,9 +4,7 @@
 #include <accessory/AppleiAP2Types.h>
 
 #include <cstdint>
-#include <memory>
 #include <tuple>
-#include <vector>
 
 #include "common/Buffer.h"
 #include "common/Kinds.h"
@@ -29,17 +27,23 @@ struct AppList {
     static void write(Writer& out, const AppleAppList* list, unsigned short count);
 
     struct Slot {
-        std::vector<AppleAppList> elements;
-        std::vector<std::unique_ptr<RequestBuffer<uint8_t>>> buffers;
-        uint16_t count = 0;
+        Slot() = default;
+        ~Slot();
+        Slot(const Slot&) = delete;
+        Slot& operator=(const Slot&) = delete;
 
+        /// Without memory for the list the event is dropped as if it had been handled.
         GiveUp read(Reader& in);
-        Arguments arguments() { return {elements.empty() ? nullptr : elements.data(), count}; }
+        Arguments arguments() { return {mElements.get(), mCount}; }
 
       private:
-        void readElement(Reader& in, AppleAppList* element);
+        bool allocate();
+        void readElement(Reader& in, size_t index);
         void* readBuffer(Reader& in, uint32_t length);
 
+        uint16_t mCount = 0;
+        RequestBuffer<AppleAppList> mElements;
+        RequestBuffer<void*> mBuffers;  // of the elements, which the receiver may change
         size_t mBufferBytes = 0;
     };
 };

@@ -2,6 +2,15 @@
 
 namespace accessory::wire::iap2_notifier {
 
+namespace {
+
+/// Where the stub reads its requests, for the assertion's report.
+constexpr char kOnTransact[] =
+    "virtual android::status_t accessory::BnAppleiAP2ManagerNotifier::onTransact(uint32_t, const "
+    "android::Parcel&, android::Parcel*, uint32_t)";
+
+}  // namespace
+
 void TransferSetup::write(Writer& out, const FileTransferSetup* setup) {
     static const FileTransferSetup kNone;
     if (setup == nullptr) out.step(android::BAD_VALUE);
@@ -27,8 +36,10 @@ GiveUp TransferSetup::Slot::read(Reader& in) {
 
 GiveUp LinkKeyBytes::Slot::read(Reader& in) {
     length = static_cast<uint32_t>(in.i32());
-    ACCESSORY_ASSERT_AS(kiAP2NotifierUnit, bytes.allocate(length),
-                        "malloc a buff for OOBBTP link info in binder transact failed!!!");
+    if (!bytes.allocate(length)) {
+        assertionFailed(kiAP2NotifierUnit, "malloc a buff for OOBBTP link info in binder transact failed!!!",
+                        __LINE__, kOnTransact);
+    }
     in.raw(bytes.get(), length);
     return kGoOn;
 }

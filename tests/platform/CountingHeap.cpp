@@ -22,35 +22,23 @@ void* operator new(size_t size) {
     return block;
 }
 
-void* operator new(size_t size, const std::nothrow_t&) noexcept {
-    return allocate(size);
-}
+void* operator new(size_t size, const std::nothrow_t&) noexcept { return allocate(size); }
 
 void operator delete(void* block) noexcept {
     if (block != nullptr) ++tFrees;
     std::free(block);
 }
 
-void operator delete(void* block, size_t) noexcept {
-    operator delete(block);
-}
+void operator delete(void* block, size_t) noexcept { operator delete(block); }
 
 namespace accessory::test {
 
-size_t allocations() {
-    return tAllocations;
-}
+size_t allocations() { return tAllocations; }
 
-size_t frees() {
-    return tFrees;
-}
+size_t frees() { return tFrees; }
 
-Exhaustion::Exhaustion() {
-    tExhausted = true;
-}
+Exhaustion::Exhaustion() { tExhausted = true; }
 
-Exhaustion::~Exhaustion() {
-    tExhausted = false;
-}
+Exhaustion::~Exhaustion() { tExhausted = false; }
 
 }  // namespace accessory::test

@@ -20,10 +20,23 @@ sp<IBinder> find(const std::string& name) {
     return defaultServiceManager()->checkService(String16(name.c_str()));
 }
 
+class WithoutDescriptors : public testing::Test {
+  protected:
+    void SetUp() override {
+#ifdef SANITIZER_USES_DESCRIPTORS
+        GTEST_SKIP() << "the sanitizer cannot do without descriptors";
+#endif
+    }
+};
+
+using ServiceWithoutDescriptors = WithoutDescriptors;
+using ClientWithoutDescriptors = WithoutDescriptors;
+using OwnerWithoutDescriptors = WithoutDescriptors;
+
 void expectSuccess(ChildProcess* child) { EXPECT_PRED1(testing::ExitedWithCode(0), child->wait()); }
 
 // Everything happens inside one call, on whose connection the calls of this thread go.
-TEST(ServiceWithoutDescriptors, LetsNewCallersWaitAndServesTheOthers) {
+TEST_F(ServiceWithoutDescriptors, LetsNewCallersWaitAndServesTheOthers) {
     const ServiceProcess service;
     std::atomic<int> served{0};
     std::vector<std::thread> callers;
@@ -43,7 +56,7 @@ TEST(ServiceWithoutDescriptors, LetsNewCallersWaitAndServesTheOthers) {
     EXPECT_EQ(1 + 2 + 3 + 4 + 5, served);
 }
 
-TEST(ServiceWithoutDescriptors, LosesReceivedOnesButNotTheCall) {
+TEST_F(ServiceWithoutDescriptors, LosesReceivedOnesButNotTheCall) {
     const ServiceProcess service;
     const auto readAll = [&] {
         Call call(service.object(), kReadAll);
@@ -57,7 +70,7 @@ TEST(ServiceWithoutDescriptors, LosesReceivedOnesButNotTheCall) {
     EXPECT_EQ(NO_ERROR, readAll());
 }
 
-TEST(ServiceWithoutDescriptors, LosesSomeOfManyAndLeaksNone) {
+TEST_F(ServiceWithoutDescriptors, LosesSomeOfManyAndLeaksNone) {
     const ServiceProcess service;
     const int before = ask(service.object(), kDescriptors);
     for (const int left : {0, 1, 3, 5}) {
@@ -83,7 +96,7 @@ CHILD_ROLE(callWithoutDescriptors) {
     return 0;
 }
 
-TEST(ClientWithoutDescriptors, FailsNewConnectionsAndRecovers) {
+TEST_F(ClientWithoutDescriptors, FailsNewConnectionsAndRecovers) {
     const ServiceProcess service;
     ChildProcess client("callWithoutDescriptors", {service.name()});
     expectSuccess(&client);
@@ -101,7 +114,7 @@ CHILD_ROLE(lookUpWithoutDescriptors) {
     return 0;
 }
 
-TEST(ClientWithoutDescriptors, FindsAndPublishesNothingAndRecovers) {
+TEST_F(ClientWithoutDescriptors, FindsAndPublishesNothingAndRecovers) {
     const ServiceProcess known;
     const ServiceProcess unknown;
     ChildProcess client("lookUpWithoutDescriptors", {known.name(), unknown.name()});
@@ -123,7 +136,7 @@ CHILD_ROLE(receiveWithoutDescriptors) {
     return 0;
 }
 
-TEST(ClientWithoutDescriptors, IsToldOfTheDeathOfWhatItReceivedThen) {
+TEST_F(ClientWithoutDescriptors, IsToldOfTheDeathOfWhatItReceivedThen) {
     ServiceProcess owner;
     const ServiceProcess middle;
     ask(middle.object(), kKeep, askForObject(owner.object(), kMake));
@@ -147,7 +160,7 @@ CHILD_ROLE(dropWithoutDescriptors) {
     return 0;
 }
 
-TEST(ClientWithoutDescriptors, ReleasesWhatItReceivedThen) {
+TEST_F(ClientWithoutDescriptors, ReleasesWhatItReceivedThen) {
     const ServiceProcess owner;
     const ServiceProcess middle;
     ask(middle.object(), kKeep, askForObject(owner.object(), kMake));
@@ -167,7 +180,7 @@ CHILD_ROLE(passOnWithoutDescriptors) {
     return 0;
 }
 
-TEST(OwnerWithoutDescriptors, KeepsWhatWasPassedOnMeanwhile) {
+TEST_F(OwnerWithoutDescriptors, KeepsWhatWasPassedOnMeanwhile) {
     const ServiceProcess owner;
     const ServiceProcess other;
     ChildProcess client("passOnWithoutDescriptors", {owner.name(), other.name()});

@@ -1,4 +1,4 @@
-// What a runtime process makes of peers that break the framing: they lose their connection, nothing else
+// What a service makes of peers that break the framing: they lose their connection, nothing else
 // happens.
 #include <binder/IServiceManager.h>
 #include <fcntl.h>
@@ -21,7 +21,9 @@ class MalformedFrames : public testing::Test {
     ~MalformedFrames() override {
         EXPECT_EQ(NO_ERROR, mService.object()->pingBinder());
         EXPECT_EQ(9, ask(mService.object(), kEcho, 9));
+#ifndef SANITIZER_USES_DESCRIPTORS
         EXPECT_TRUE(eventually([this] { return ask(mService.object(), kDescriptors) <= mDescriptors; }));
+#endif
     }
 
     /// The header of a call of kEcho.
@@ -268,47 +270,6 @@ TEST_F(MalformedLink, EndsInTheMiddleOfAMessage) {
     const std::string message = bytesOf(RawLinkMessage{1, 1, mAddress.token, {}});
     for (size_t length = 0; length < message.size(); ++length)
         say(message.substr(0, length));
-}
-
-/// The status of a first call that is answered with @p answer.
-status_t callAnsweredWith(const std::string& answer) {
-    const RawService service(answer);
-    const sp<IBinder> object = defaultServiceManager()->checkService(String16(service.name().c_str()));
-    if (object == nullptr) return NAME_NOT_FOUND;
-    Call call(object, kEcho);
-    const status_t status = call.run();
-    EXPECT_EQ(0u, call.reply.dataSize());
-    return status;
-}
-
-RawHeader replyHeader() {
-    RawHeader header;
-    header.kind = 3;
-    header.code = 0;
-    return header;
-}
-
-TEST(MalformedReply, IsNotASoundOne) {
-    EXPECT_EQ(NO_ERROR, callAnsweredWith(bytesOf(replyHeader())));
-    RawHeader refusal = replyHeader();
-    refusal.code = static_cast<uint32_t>(BAD_VALUE);
-    EXPECT_EQ(BAD_VALUE, callAnsweredWith(bytesOf(refusal)));
-}
-
-TEST(MalformedReply, CostsTheCallAndTheConnectionOnly) {
-    RawHeader protocol = replyHeader();
-    protocol.protocol = 0;
-    RawHeader kind = replyHeader();
-    kind.kind = 2;
-    RawHeader size = replyHeader();
-    size.dataSize = 1040385;
-    RawHeader objects = replyHeader();
-    objects.objectCount = 1;
-    RawHeader descriptors = replyHeader();
-    descriptors.descriptorCount = 1;
-    for (const RawHeader& header : {protocol, kind, size, objects, descriptors})
-        EXPECT_EQ(DEAD_OBJECT, callAnsweredWith(bytesOf(header)));
-    EXPECT_EQ(DEAD_OBJECT, callAnsweredWith(bytesOf(replyHeader()) + "x"));
 }
 
 }  // namespace

@@ -102,17 +102,6 @@ TEST(OnewayCall, OfTwoThreadsThatTakeTurnsRunsInTurn) {
     EXPECT_TRUE(keepsEachSendersOrder(notesOnceThereAre(service, 1000)));
 }
 
-TEST(OnewayCall, RunsBeforeOneThatAnotherProcessSendsBecauseOfIt) {
-    const ServiceProcess service;
-    const ServiceProcess other;
-    constexpr int kRounds = 300;
-    for (int number = 0; number < 2 * kRounds; number += 2) {
-        ASSERT_EQ(NO_ERROR, note(service, 1, number));
-        ask(other.object(), kRecordFor, service.object(), 1, number + 1);
-    }
-    EXPECT_TRUE(keepsEachSendersOrder(notesOnceThereAre(service, size_t{2} * kRounds)));
-}
-
 TEST(OnewayCall, DoesNotHoldUpCallsOfOtherObjects) {
     const ServiceProcess service;
     const sp<IBinder> made = askForObject(service.object(), kMake);

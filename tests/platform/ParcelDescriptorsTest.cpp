@@ -18,9 +18,7 @@ namespace {
 /// A high number that nothing else opens meanwhile, so that the bytes can be spelled out.
 constexpr int kFd = 300;
 
-bool isOpen(int fd) {
-    return ::fcntl(fd, F_GETFD) >= 0;
-}
+bool isOpen(int fd) { return ::fcntl(fd, F_GETFD) >= 0; }
 
 class ParcelDescriptors : public testing::Test {
   protected:

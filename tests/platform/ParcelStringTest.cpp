@@ -16,13 +16,9 @@ namespace {
 const char* const kHostileLengths[] = {"ff ff ff ff", "00 00 00 80", "ff ff ff 7f", "fe ff ff 7f",
                                        "ff ff ff 3f", "00 00 00 40", "fd ff ff 7f"};
 
-std::string lengthAndText(const char* length) {
-    return std::string(length) + " 61 00 62 00 00 00 00 00";
-}
+std::string lengthAndText(const char* length) { return std::string(length) + " 61 00 62 00 00 00 00 00"; }
 
-std::string textOf(const String16& str) {
-    return String8(str).string();
-}
+std::string textOf(const String16& str) { return String8(str).string(); }
 
 TEST(ParcelString, WritesACStringWithItsNulAndPadding) {
     Parcel parcel;

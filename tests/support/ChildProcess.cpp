@@ -110,8 +110,6 @@ bool ChildProcess::reap(int options) {
     return mStatus.has_value();
 }
 
-std::string ChildProcess::name() const {
-    return "child " + std::to_string(mPid) + " in role " + mRole;
-}
+std::string ChildProcess::name() const { return "child " + std::to_string(mPid) + " in role " + mRole; }
 
 }  // namespace accessory::test

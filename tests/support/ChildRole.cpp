@@ -34,15 +34,11 @@ void dieWithParent(pid_t parent) {
     if (getppid() != parent) abandon("the test is already gone");
 }
 
-bool anExpectationFailed() {
-    return testing::UnitTest::GetInstance()->ad_hoc_test_result().Failed();
-}
+bool anExpectationFailed() { return testing::UnitTest::GetInstance()->ad_hoc_test_result().Failed(); }
 
 }  // namespace
 
-RoleRegistration::RoleRegistration(const char* name, RoleBody body) {
-    roles()[name] = body;
-}
+RoleRegistration::RoleRegistration(const char* name, RoleBody body) { roles()[name] = body; }
 
 void ChildSide::send(const std::string& line) {
     if (!mChannel.send(line)) abandon("nobody reads '" + line + "'");

@@ -42,9 +42,7 @@ LineChannel::LineChannel(int descriptor) : mDescriptor(descriptor), mEnded(descr
     setsockopt(mDescriptor, SOL_SOCKET, SO_SNDTIMEO, &limit, sizeof(limit));
 }
 
-LineChannel::~LineChannel() {
-    close();
-}
+LineChannel::~LineChannel() { close(); }
 
 std::pair<int, int> LineChannel::connectedPair() {
     std::array<int, 2> ends{};

@@ -68,9 +68,7 @@ Recorder& recorder() {
     return instance;
 }
 
-bool isDigit(char c) {
-    return std::isdigit(static_cast<unsigned char>(c)) != 0;
-}
+bool isDigit(char c) { return std::isdigit(static_cast<unsigned char>(c)) != 0; }
 
 MATCHER_P(ReadsAs, pattern, std::string(negation ? "does not read" : "reads") + " as \"" + pattern + '"') {
     return readsAs(pattern, arg);
@@ -126,19 +124,11 @@ testing::Matcher<const LogLine&> LoggedStatusCheck(const std::string& tag, const
     return Logged(ANDROID_LOG_ERROR, tag, function + " #:check return value failed");
 }
 
-LogCatcher::LogCatcher() {
-    recorder().begin();
-}
-LogCatcher::~LogCatcher() {
-    recorder().end();
-}
+LogCatcher::LogCatcher() { recorder().begin(); }
+LogCatcher::~LogCatcher() { recorder().end(); }
 
-std::vector<LogLine> LogCatcher::lines() const {
-    return recorder().lines();
-}
-void LogCatcher::clear() {
-    recorder().clear();
-}
+std::vector<LogLine> LogCatcher::lines() const { return recorder().lines(); }
+void LogCatcher::clear() { recorder().clear(); }
 
 std::vector<LogLine> LogCatcher::linesWith(const std::string& tag) const {
     std::vector<LogLine> all = lines();

@@ -39,7 +39,9 @@ class ACCESSORY_EXPORT IAppleiAP2Manager : public android::IInterface {
     /// Sets the accessory's display name.
     virtual int setDisplayName(const char* displayName) = 0;
 
-    /// Sets the accessory's Bluetooth address. @param addr @p len bytes of the caller's.
+    /// Sets the accessory's Bluetooth address. @param addr @p len bytes of the caller's. A receiver may get
+    /// null, whatever
+    /// @p len says, when there was no memory for them.
     virtual int setBluetoothAddr(unsigned char* addr, unsigned int len) = 0;
 
     /// Starts the transport.

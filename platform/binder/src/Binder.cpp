@@ -17,7 +17,7 @@ status_t dumpAsAsked(BBinder& object, const Parcel& request) {
     const int fd = request.readFileDescriptor();
     const int32_t count = request.readInt32();
     Vector<String16> args;
-    for (int32_t i = 0; i < count && request.dataAvail() > 0; ++i)
+    for (int32_t i = 0; i < count && request.dataAvail() >= sizeof(int32_t); ++i)
         args.add(request.readString16());
     return object.dump(fd, args);
 }

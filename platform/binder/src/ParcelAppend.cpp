@@ -44,13 +44,13 @@ status_t Parcel::appendFrom(const Parcel* parcel, size_t start, size_t len) {
     if (len == 0) return mError;
     std::vector<Object> copies;
     status_t status = parcel->copyObjects(start, start + len, &copies);
-    if (status == NO_ERROR) status = grow(len);
     if (status == NO_ERROR) status = reserveObjects(&mObjects, copies.size());
     if (status != NO_ERROR) return mError = status;
-    // From here on nothing fails. When the source is this parcel, grow() has moved its data.
     const size_t target = mDataPos;
-    std::memmove(mData + target, parcel->mData + start, len);
-    finishWrite(len);
+    uint8_t* const place = claim(len);
+    if (place == nullptr) return mError;
+    // From here on nothing fails. When the source is this parcel, claim() may have moved its data.
+    std::memmove(place, parcel->mData + start, len);
     for (Object& copy : copies) {
         copy.offset = copy.offset - start + target;
         listObject(std::move(copy));

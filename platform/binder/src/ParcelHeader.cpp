@@ -57,10 +57,12 @@ void skipBlock(const Parcel& parcel) {
     int32_t size = 0;
     if (parcel.readInt32(&size) != NO_ERROR || size < 0) return;
     const size_t left = parcel.dataAvail();
-    if (static_cast<size_t>(size) <= left) parcel.setDataPosition(parcel.dataPosition() + static_cast<size_t>(size));
+    if (static_cast<size_t>(size) <= left)
+        parcel.setDataPosition(parcel.dataPosition() + static_cast<size_t>(size));
 }
 
-/// Moves @p parcel behind what describes the exception @p code: a message, a stack trace, and what some kinds add.
+/// Moves @p parcel behind what describes the exception @p code: a message, a stack trace, and what some kinds
+/// add.
 void skipException(const Parcel& parcel, int32_t code) {
     size_t messageLen = 0;
     parcel.readString16Inplace(&messageLen);

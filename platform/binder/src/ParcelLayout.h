@@ -12,7 +12,9 @@ namespace android::runtime {
 constexpr size_t kMaxParcelSize = INT32_MAX;
 constexpr size_t kFlatSize = sizeof(flat_binder_object);
 
-/// @p len filled up to whole cells of four bytes; @p len is at most kMaxParcelSize.
-constexpr size_t padded(size_t len) { return (len + 3) & ~size_t{3}; }
+constexpr size_t kCellSize = 4;
+
+/// @p len filled up to whole cells; @p len is at most kMaxParcelSize.
+constexpr size_t padded(size_t len) { return (len + kCellSize - 1) & ~(kCellSize - 1); }
 
 }  // namespace android::runtime

@@ -37,7 +37,11 @@ const void* Parcel::readInplace(size_t len) const {
 template <typename T>
 status_t Parcel::readAligned(T* pArg) const {
     static_assert(padded(sizeof *pArg) == sizeof *pArg, "values take whole cells");
-    return read(pArg, sizeof *pArg);
+    const status_t status = checkRead(sizeof *pArg);
+    if (status != NO_ERROR) return status;
+    std::memcpy(pArg, mData + mDataPos, sizeof *pArg);
+    mDataPos += sizeof *pArg;
+    return NO_ERROR;
 }
 
 template <typename T>

@@ -8,22 +8,40 @@
 
 namespace android {
 
+using runtime::kCellSize;
 using runtime::kMaxParcelSize;
 using runtime::padded;
 
-/// Takes the next @p len bytes, for which there is room, as written.
-void Parcel::finishWrite(size_t len) {
+/// Whether the next @p len bytes are there to be written, as most are: no growing, no gap, no objects.
+bool Parcel::fits(size_t len) const {
+    return mData != nullptr && mError == NO_ERROR && mObjects.empty() && mDataPos <= mDataSize &&
+           len <= mDataCapacity - mDataPos;
+}
+
+/// Makes what fits() asks for, as far as it can be made.
+status_t Parcel::prepare(size_t len) {
+    const status_t status = grow(len);
+    if (status != NO_ERROR) return status;
     if (mDataPos > mDataSize) std::memset(mData + mDataSize, 0, mDataPos - mDataSize);
     if (!mObjects.empty()) dropObjects(mDataPos, mDataPos + len);
+    return NO_ERROR;
+}
+
+/// Takes the next @p len bytes as written; null when there is no room for them.
+uint8_t* Parcel::claim(size_t len) {
+    if (!fits(len) && prepare(len) != NO_ERROR) return nullptr;
+    uint8_t* const place = mData + mDataPos;
     mDataPos += len;
     mDataSize = std::max(mDataSize, mDataPos);
+    return place;
 }
 
 void* Parcel::writeInplace(size_t len) {
-    if (len > kMaxParcelSize || grow(padded(len)) != NO_ERROR) return nullptr;
-    uint8_t* const place = mData + mDataPos;
-    std::memset(place + len, 0, padded(len) - len);
-    finishWrite(padded(len));
+    if (len > kMaxParcelSize) return nullptr;
+    const size_t taken = padded(len);
+    uint8_t* const place = claim(taken);
+    // The last cell as a whole is quicker than one to three bytes of it.
+    if (place != nullptr && len < taken) std::memset(place + taken - kCellSize, 0, kCellSize);
     return place;
 }
 
@@ -39,10 +57,9 @@ status_t Parcel::write(const void* data, size_t len) {
 template <typename T>
 status_t Parcel::writeAligned(T val) {
     static_assert(padded(sizeof val) == sizeof val, "values take whole cells");
-    const status_t status = grow(sizeof val);
-    if (status != NO_ERROR) return status;
-    std::memcpy(mData + mDataPos, &val, sizeof val);
-    finishWrite(sizeof val);
+    uint8_t* const place = claim(sizeof val);
+    if (place == nullptr) return mError;
+    std::memcpy(place, &val, sizeof val);
     return NO_ERROR;
 }
 

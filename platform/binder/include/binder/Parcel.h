@@ -163,7 +163,9 @@ class BINDER_EXPORT Parcel {
 
     status_t grow(size_t more);
     status_t reallocate(size_t capacity);
-    void finishWrite(size_t len);
+    bool fits(size_t len) const;
+    status_t prepare(size_t len);
+    uint8_t* claim(size_t len);
     status_t checkRead(size_t len) const;
     template <typename T>
     status_t writeAligned(T val);

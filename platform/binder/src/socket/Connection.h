@@ -3,6 +3,7 @@
 
 #include <sys/socket.h>
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -79,6 +80,11 @@ class Connection {
     /// How long Wait::kBriefly waits.
     void setPatience(int milliseconds);
 
+    /// For two threads of which the kernel wakes one because of what the other did: the first says handOver()
+    /// in front, the second takeOver() afterwards, and the language knows of their order as well.
+    void handOver() { mHandedOver.store(true, std::memory_order_release); }
+    void takeOver() const { static_cast<void>(mHandedOver.load(std::memory_order_acquire)); }
+
     int fd() const { return mFd.get(); }
     ConnectionKind kind() const { return mKind; }
     const std::shared_ptr<Peer>& peer() const { return mPeer; }
@@ -105,6 +111,7 @@ class Connection {
     size_t mHeaderBytes = 0;
     size_t mBodyBytes = 0;
     bool mDescriptorsLost = false;
+    std::atomic<bool> mHandedOver{false};
     size_t mUsualBody;  // what a frame on this connection has needed lately
 };
 

@@ -1,9 +1,11 @@
 #include "Peer.h"
 
+#include <poll.h>
 #include <sys/epoll.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <utility>
@@ -216,8 +218,17 @@ sp<IBinder> Peer::receive(const Token& token) {
     return binder;
 }
 
+/// The kernel knows of a death before the reactor does.
+bool Peer::isHungUp() {
+    const std::lock_guard<std::mutex> guard(mLock);
+    return mDead || std::any_of(mLinks.begin(), mLinks.end(), [](const std::shared_ptr<Link>& link) {
+               pollfd state{link->fd.get(), POLLRDHUP, 0};
+               return poll(&state, 1, 0) > 0;
+           });
+}
+
 sp<IBinder> Peer::acquire(const Token& token) {
-    if (!ensureLinked()) return nullptr;
+    if (!ensureLinked() || isHungUp()) return nullptr;
     tell({LinkMessageKind::kAcquire, 1, token, {}});
     return receive(token);
 }

@@ -88,6 +88,7 @@ class Peer : public std::enable_shared_from_this<Peer> {
     void tell(const LinkMessage& message);
     void flushLocked();
     void dropOneway();
+    bool isHungUp();
     void die();
 
     Node& mNode;

@@ -85,7 +85,9 @@ Connection* WorkerPool::nextReady() {
     while (epoll_wait(mEpoll.get(), &event, 1, -1) != 1) {
     }
     if (--mWaiting == 0) spawnIfNobodyWaits();
-    return static_cast<Connection*>(event.data.ptr);
+    auto* const connection = static_cast<Connection*>(event.data.ptr);
+    connection->takeOver();
+    return connection;
 }
 
 void WorkerPool::serve(Connection& connection) {
@@ -124,6 +126,7 @@ bool WorkerPool::mayStay(int servedHere) {
 }
 
 void WorkerPool::putBack(Connection& connection) {
+    connection.handOver();
     epoll_event event{kOnce, {}};
     event.data.ptr = &connection;
     epoll_ctl(mEpoll.get(), EPOLL_CTL_MOD, connection.fd(), &event);

@@ -1,0 +1,51 @@
+// The clients of the tests with several processes: CHILD_ROLE(registeringClient) registers itself with a
+// service that the test hosts.
+#pragma once
+
+#include <string>
+
+#include "tests/support/ChildProcess.h"
+
+namespace accessory::test {
+
+/// A client in a process of its own. Its answer to every event is its process identifier unless told
+/// otherwise.
+class RegisteringClient {
+  public:
+    /// notify() with this event does not answer before release().
+    static constexpr unsigned int kWait = 0xdead;
+
+    /// @param service the name that the test published the service under.
+    explicit RegisteringClient(const std::string& service);
+
+    int pid() const { return process.pid(); }
+
+    /// The results that the client got.
+    int setNotifier() { return ask("set"); }
+    int setAnotherNotifier() { return ask("set another"); }
+    int clearNotifier() { return ask("clear"); }
+    void answer(int result);
+
+    /// Begins setNotifier() or clearNotifier(); ended() waits for the result.
+    void begin(const std::string& request) { process.send(request); }
+    int ended() { return std::stoi(process.expectLine()); }
+
+    /// What its implementation was told since the last time, with '|' behind each call.
+    std::string told();
+
+    /// Returns once the client waits within an event.
+    void awaitWaiting();
+    void release();
+
+    /// Lets it answer every event at once, and with 0.
+    void neverWait();
+
+    void kill();
+
+    ChildProcess process;
+
+  private:
+    int ask(const std::string& request);
+};
+
+}  // namespace accessory::test
