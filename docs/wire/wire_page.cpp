@@ -22,7 +22,10 @@
 
 namespace {
 
-using namespace accessory;
+using accessory::describe;
+using accessory::FieldInfo;
+using accessory::kAlwaysPresent;
+namespace wire = accessory::wire;
 
 std::string fieldList(const wire::OperationInfo& operation, bool inReply) {
     std::string list;
@@ -64,15 +67,15 @@ const std::map<std::string, std::function<std::string()>>& tables() {
         {"IAppleiAP2ManagerNotifier", [] { return operationTable(wire::iap2_notifier::kRows); }},
         {"IAppleUSBAudioManager", [] { return operationTable(wire::usb_audio_manager::kRows); }},
         {"IAppleUSBAudioManagerNotifier", [] { return operationTable(wire::usb_audio_notifier::kRows); }},
-        {"iAP2MediaItem", recordTable<MediaItemTable>},
-        {"iAP2MediaPlaylist", recordTable<MediaPlaylistTable>},
-        {"iAP2MediaLibData", recordTable<MediaLibDataTable>},
-        {"iAP2ItemAttribute", recordTable<ItemAttributeTable>},
-        {"iAP2MediaPlayback", recordTable<MediaPlaybackTable>},
-        {"iAP2PowerUpdate", recordTable<PowerUpdateTable>},
-        {"RouteGuidaceUpdateInfo", recordTable<RouteGuidanceTable>},
-        {"RuoteGuidanceManeuverUpdateInfo", recordTable<ManeuverTable>},
-        {"LaneGuidanceInfo", recordTable<LaneGuidanceTable>},
+        {"iAP2MediaItem", recordTable<accessory::MediaItemTable>},
+        {"iAP2MediaPlaylist", recordTable<accessory::MediaPlaylistTable>},
+        {"iAP2MediaLibData", recordTable<accessory::MediaLibDataTable>},
+        {"iAP2ItemAttribute", recordTable<accessory::ItemAttributeTable>},
+        {"iAP2MediaPlayback", recordTable<accessory::MediaPlaybackTable>},
+        {"iAP2PowerUpdate", recordTable<accessory::PowerUpdateTable>},
+        {"RouteGuidaceUpdateInfo", recordTable<accessory::RouteGuidanceTable>},
+        {"RuoteGuidanceManeuverUpdateInfo", recordTable<accessory::ManeuverTable>},
+        {"LaneGuidanceInfo", recordTable<accessory::LaneGuidanceTable>},
     };
     return all;
 }

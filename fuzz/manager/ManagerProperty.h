@@ -99,13 +99,13 @@ inline size_t sizeOfReply(uint32_t code) {
 /// The stub stays once it is made, so all inputs share one.
 inline Ending endingOf(const ManagerInput& input) {
     static test::ManagerRecorder& recorder = *new test::ManagerRecorder;
-    static android::IBinder& stub = **new android::sp<android::IBinder>(new BnAppleiAP2Manager(&recorder));
+    static const auto& stub = *new android::sp<android::IBinder>(new BnAppleiAP2Manager(&recorder));
     android::Parcel request;
     android::Parcel reply;
     input.putInto(&request);
     Ending ending{};
     try {
-        ending.status = stub.transact(input.code(), request, &reply, 0);
+        ending.status = stub->transact(input.code(), request, &reply, 0);
     } catch (const std::logic_error&) {
         ending.raised = true;
     }
