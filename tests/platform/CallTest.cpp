@@ -126,6 +126,27 @@ TEST(RemoteObject, HasNoLocalSide) {
     EXPECT_EQ(nullptr, service.object()->queryLocalInterface(String16("test.Service")));
 }
 
+/// Remembers how many arguments a dump was asked for with.
+class DumpedObject : public BBinder {
+  public:
+    status_t dump(int /*fd*/, const Vector<String16>& args) override {
+        arguments = args.size();
+        return NO_ERROR;
+    }
+
+    size_t arguments = 0;
+};
+
+TEST(LocalObject, TakesNoMoreDumpArgumentsThanTheRequestHoldsWhateverItsCountSays) {
+    const sp<DumpedObject> object = new DumpedObject();
+    // A count of 1,000,000, and one byte in which no argument can lie.
+    const uint8_t bytes[] = {0x40, 0x42, 0x0f, 0x00, 0x00};
+    Parcel request;
+    ASSERT_EQ(NO_ERROR, request.setData(bytes, sizeof(bytes)));
+    EXPECT_EQ(NO_ERROR, object->transact(IBinder::DUMP_TRANSACTION, request, nullptr));
+    EXPECT_EQ(0u, object->arguments);
+}
+
 TEST(LocalObject, IsCalledDirectlyOnTheCallersThread) {
     std::thread::id servedOn;
     const sp<IBinder> object = new FunctionObject([&](uint32_t, const Parcel& data, Parcel* reply, uint32_t) {
