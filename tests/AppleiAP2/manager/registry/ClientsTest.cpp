@@ -1,16 +1,8 @@
 // Clients in processes of their own: registration, order, every event, and deaths.
-#include <binder/IServiceManager.h>
-#include <binder/ProcessState.h>
-
-#include <algorithm>
-#include <memory>
 #include <thread>
 
-#include "tests/AppleiAP2/manager/registry/Announcer.h"
-#include "tests/AppleiAP2/manager/registry/DumpOutput.h"
+#include "tests/AppleiAP2/manager/registry/ClientsFixture.h"
 #include "tests/AppleiAP2/manager/registry/Messages.h"
-#include "tests/AppleiAP2/manager/registry/RegisteringClient.h"
-#include "tests/AppleiAP2/manager/registry/RegistryFixture.h"
 
 namespace accessory::test {
 namespace {
@@ -21,65 +13,6 @@ using testing::Not;
 
 constexpr char kUnlinked[] = "binder->unlinkToDeath(mDeathRecipient)";
 constexpr char kRemovedElsewhere[] = "! mNotifierDeathRecipients.removeItem(pid)";
-
-/// No two services of one test run share a name.
-std::string freshName() {
-    static int count = 0;
-    return "registry" + std::to_string(++count);
-}
-
-class Clients : public RegistryFixture {
-  protected:
-    Clients() {
-        EXPECT_EQ(android::defaultServiceManager()->addService(android::String16(name.c_str()), stub), 0);
-        android::ProcessState::self()->startThreadPool();
-    }
-
-    /// Starts so many clients; they are kept in ascending order of their processes.
-    void start(int count) {
-        for (int i = 0; i < count; ++i)
-            clients.push_back(std::make_unique<RegisteringClient>(name));
-        std::sort(clients.begin(), clients.end(),
-                  [](const auto& left, const auto& right) { return left->pid() < right->pid(); });
-    }
-
-    void startAndRegister(int count) {
-        start(count);
-        for (const auto& client : clients)
-            EXPECT_EQ(client->setNotifier(), 0);
-        log.clear();
-    }
-
-    RegisteringClient& client(size_t place) { return *clients.at(place); }
-
-    /// The numbers in the list that a dump shows.
-    std::vector<int> listed() {
-        EXPECT_EQ(stub->dump(output.in(), dumpArguments({"notifier"})), 0);
-        const std::string text = output.only();
-        std::vector<int> pids;
-        for (size_t at = text.find("pid["); at != std::string::npos; at = text.find("pid[", at + 1))
-            pids.push_back(std::stoi(text.substr(at + 4)));
-        EXPECT_NE(text.find("notifier size[" + std::to_string(pids.size()) + "]\n"), std::string::npos)
-            << text;
-        return pids;
-    }
-
-    std::vector<int> pidsOf(std::initializer_list<size_t> places) {
-        std::vector<int> pids;
-        for (const size_t place : places)
-            pids.push_back(client(place).pid());
-        return pids;
-    }
-
-    void awaitDeath(int pid) {
-        EXPECT_TRUE(log.arrives(died(pid)));
-        EXPECT_TRUE(log.arrives(out(kManagerUnit, "binderDied")));
-    }
-
-    const std::string name = freshName();
-    std::vector<std::unique_ptr<RegisteringClient>> clients;
-    const DumpOutput output;
-};
 
 TEST_F(Clients, RegisterUnderTheirOwnProcesses) {
     start(3);
@@ -138,6 +71,7 @@ TEST_F(Clients, CannotDeregisterWithoutARegistration) {
 TEST_F(Clients, CannotDeregisterAnother) {
     startAndRegister(1);
     RegisteringClient stranger(name);
+    stranger.awaitReady();
     EXPECT_EQ(stranger.clearNotifier(), -1);
     EXPECT_EQ(listed(), pidsOf({0}));
 }
@@ -265,33 +199,11 @@ TEST_F(Clients, WaitToDeregisterUntilAnEventHasEnded) {
 TEST_F(Clients, FindTheStubUsableAfterManyDeaths) {
     for (int round = 0; round < 5; ++round) {
         RegisteringClient passing(name);
+        passing.awaitReady();
         EXPECT_EQ(passing.setNotifier(), 0);
         passing.kill();
         EXPECT_TRUE(log.arrives(died(passing.pid())));
     }
-    EXPECT_TRUE(eventually([this] { return listing() == "notifier size[0]\n"; }));
-}
-
-TEST_F(Clients, RegisterAndDeregisterByTheDozenAtOnce) {
-    constexpr size_t kMany = 36;
-    start(static_cast<int>(kMany));
-    for (const auto& each : clients)
-        each->begin("set");
-    for (const auto& each : clients)
-        EXPECT_EQ(each->ended(), 0);
-    std::vector<int> pids;
-    for (const auto& each : clients)
-        pids.push_back(each->pid());
-    EXPECT_EQ(listed(), pids);
-    EXPECT_EQ(broadcaster->attach(7), 0);
-    for (const auto& each : clients)
-        EXPECT_EQ(each->told(), "attach(7)|");
-    for (size_t place = 0; place < kMany; place += 2)
-        client(place).begin("clear");
-    for (size_t place = 1; place < kMany; place += 2)
-        client(place).process.kill(SIGKILL);
-    for (size_t place = 0; place < kMany; place += 2)
-        EXPECT_EQ(client(place).ended(), 0);
     EXPECT_TRUE(eventually([this] { return listing() == "notifier size[0]\n"; }));
 }
 

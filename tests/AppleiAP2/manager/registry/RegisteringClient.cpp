@@ -86,9 +86,11 @@ CHILD_ROLE(registeringClient) {
 
 }  // namespace
 
-RegisteringClient::RegisteringClient(const std::string& service) : process("registeringClient", {service}) {
-    EXPECT_EQ(process.expectLine(), "ready");
-}
+RegisteringClient::RegisteringClient(const std::string& service) : process("registeringClient", {service}) {}
+
+void RegisteringClient::awaitReady() { EXPECT_EQ(process.expectLine(kLongPatience), "ready"); }
+
+int RegisteringClient::ended() { return std::stoi(process.expectLine(kLongPatience)); }
 
 int RegisteringClient::ask(const std::string& request) {
     begin(request);

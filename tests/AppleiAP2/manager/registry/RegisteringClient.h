@@ -15,8 +15,10 @@ class RegisteringClient {
     /// notify() with this event does not answer before release().
     static constexpr unsigned int kWait = 0xdead;
 
+    /// Starts it; awaitReady() comes before anything else that is asked of it.
     /// @param service the name that the test published the service under.
     explicit RegisteringClient(const std::string& service);
+    void awaitReady();
 
     int pid() const { return process.pid(); }
 
@@ -28,7 +30,7 @@ class RegisteringClient {
 
     /// Begins setNotifier() or clearNotifier(); ended() waits for the result.
     void begin(const std::string& request) { process.send(request); }
-    int ended() { return std::stoi(process.expectLine()); }
+    int ended();
 
     /// What its implementation was told since the last time, with '|' behind each call.
     std::string told();
