@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "AppleiAP2/records/EntryMemory.h"
 #include "AppleiAP2/records/MediaLibraryTables.h"
+#include "AppleiAP2/records/RecordParcel.h"
 #include "AppleiAP2/records/RecordText.h"
 
 namespace accessory {
@@ -38,10 +40,11 @@ void writeEntry(RecordWriter& writer, const Entry& entry) {
     }
 }
 
-sp<Entry> readEntry(const android::Parcel& parcel, int32_t type) {
-    switch (type) {
+sp<Entry> readEntry(RecordReader& reader, EntryMemory& memory) {
+    const android::Parcel& parcel = reader.parcel();
+    switch (reader.int32()) {
         case Entry::kItem:
-            return IiAP2MediaItem::FromParcel(parcel);
+            return readInto<MediaItemTable>(new (memory) IiAP2MediaItem(memory), reader.operation(), parcel);
         case Entry::kPlaylist:
             return IiAP2MediaPlaylist::FromParcel(parcel);
         case Entry::kDeletedItem:
@@ -74,8 +77,9 @@ bool GroupList::read(RecordReader& reader, GroupEntries& slot) const {
     const int32_t count = reader.int32();
     if (count <= 0) return true;
     slot.setCapacity(std::min<size_t>(count, reader.available() / kSmallestEntryBytes));
+    EntryMemory memory;
     for (int32_t i = 0; i < count && slot.size() < kMostEntries; ++i) {
-        sp<Entry> entry = readEntry(reader.parcel(), reader.int32());
+        sp<Entry> entry = readEntry(reader, memory);
         if (entry == nullptr) continue;
         slot.push();
         slot.editTop() = std::move(entry);

@@ -16,6 +16,7 @@ MediaLibUpdateInfo::~MediaLibUpdateInfo() = default;
 
 iAP2MediaItem::~iAP2MediaItem() = default;
 IiAP2MediaItem::IiAP2MediaItem() : mMask(new MediaItemMask) {}
+IiAP2MediaItem::IiAP2MediaItem(EntryMemory& memory) : mMask(new (memory) MediaItemMask) {}
 IiAP2MediaItem::~IiAP2MediaItem() = default;
 
 sp<IiAP2MediaItem> IiAP2MediaItem::FromParcel(const Parcel& parcel) {

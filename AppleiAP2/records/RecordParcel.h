@@ -13,15 +13,22 @@ void writeRecord(const Operation& operation, android::Parcel* parcel, const type
     RecordWriter(parcel, operation).record(record.getMask(), record, Table::kFields);
 }
 
-/// A record with a mask object, from the position of @p parcel.
+/// Reads from the position of @p parcel into @p empty, a new record with a mask object.
 template <typename Table>
-android::sp<typename Table::Parcelable> readRecord(const Operation& operation,
-                                                   const android::Parcel& parcel) {
-    android::sp<typename Table::Parcelable> record = new typename Table::Parcelable;
+android::sp<typename Table::Parcelable> readInto(typename Table::Parcelable* empty,
+                                                 const Operation& operation, const android::Parcel& parcel) {
+    android::sp<typename Table::Parcelable> record = empty;
     RecordReader reader(parcel, operation);
     record->mMask->mask = reader.uint32();
     reader.fields(record->mMask->mask, *record, Table::kFields);
     return record;
+}
+
+/// A record with a mask object, from the position of @p parcel.
+template <typename Table>
+android::sp<typename Table::Parcelable> readRecord(const Operation& operation,
+                                                   const android::Parcel& parcel) {
+    return readInto<Table>(new typename Table::Parcelable, operation, parcel);
 }
 
 /// The readable form of a record with a mask.

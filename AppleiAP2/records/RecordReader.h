@@ -47,6 +47,7 @@ class RecordReader {
     /// Bytes of the parcel that were not read yet.
     size_t available() const { return mParcel.dataAvail(); }
     const android::Parcel& parcel() const { return mParcel; }
+    const Operation& operation() const { return mOperation; }
 
   private:
     void* allocateBytes(size_t count, size_t entryBytes, size_t wireBytes, const char* text);

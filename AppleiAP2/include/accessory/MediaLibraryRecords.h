@@ -13,6 +13,7 @@
 #include <utils/RefBase.h>
 #include <utils/Vector.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -22,8 +23,20 @@ class Parcel;
 
 namespace accessory {
 
+class EntryMemory;
+
+/// Base of what library updates bring by the thousand: those of one update lie together in memory. Whoever
+/// makes or releases a single one need not know.
+class ACCESSORY_EXPORT BroughtInNumbers {
+  public:
+    static void* operator new(size_t bytes);
+    static void operator delete(void* entry, size_t bytes);
+    static void* operator new(size_t bytes, EntryMemory& memory);
+    static void operator delete(void* entry, EntryMemory& memory);
+};
+
 /// Which fields a media item has, or a client asks for. Bit 20 belongs to no field.
-class ACCESSORY_EXPORT MediaItemMask : public virtual android::RefBase {
+class ACCESSORY_EXPORT MediaItemMask : public virtual android::RefBase, public BroughtInNumbers {
   public:
     enum Bit : uint32_t {
         kId = 1u << 0,
@@ -150,11 +163,13 @@ class ACCESSORY_EXPORT iAP2MediaItem : public iAP2MediaLibGroupData {
 };
 
 /// A media item that can be built and sent.
-class ACCESSORY_EXPORT IiAP2MediaItem : public iAP2MediaItem {
+class ACCESSORY_EXPORT IiAP2MediaItem : public iAP2MediaItem, public BroughtInNumbers {
   public:
     using Mask = MediaItemMask;
 
     IiAP2MediaItem();
+    /// An item of an update that is being read; its mask lies in @p memory too.
+    explicit IiAP2MediaItem(EntryMemory& memory);
     ~IiAP2MediaItem() override;
 
     /// The record at the position of @p parcel, which must outlive the strings. What the parcel lacks is 0 or

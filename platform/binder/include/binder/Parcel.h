@@ -11,6 +11,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <memory>
 #include <vector>
 
@@ -105,23 +106,23 @@ class BINDER_EXPORT Parcel {
 
     status_t read(void* outData, size_t len) const;
     const void* readInplace(size_t len) const;
-    int32_t readInt32() const;
-    status_t readInt32(int32_t* pArg) const;
-    uint32_t readUint32() const;
-    status_t readUint32(uint32_t* pArg) const;
-    int64_t readInt64() const;
-    status_t readInt64(int64_t* pArg) const;
-    uint64_t readUint64() const;
-    status_t readUint64(uint64_t* pArg) const;
-    float readFloat() const;
-    status_t readFloat(float* pArg) const;
-    double readDouble() const;
-    status_t readDouble(double* pArg) const;
-    bool readBool() const;
+    int32_t readInt32() const { return readWord<int32_t>(); }
+    status_t readInt32(int32_t* pArg) const { return readWord(pArg); }
+    uint32_t readUint32() const { return readWord<uint32_t>(); }
+    status_t readUint32(uint32_t* pArg) const { return readWord(pArg); }
+    int64_t readInt64() const { return readWord<int64_t>(); }
+    status_t readInt64(int64_t* pArg) const { return readWord(pArg); }
+    uint64_t readUint64() const { return readWord<uint64_t>(); }
+    status_t readUint64(uint64_t* pArg) const { return readWord(pArg); }
+    float readFloat() const { return readWord<float>(); }
+    status_t readFloat(float* pArg) const { return readWord(pArg); }
+    double readDouble() const { return readWord<double>(); }
+    status_t readDouble(double* pArg) const { return readWord(pArg); }
+    bool readBool() const { return readInt32() != 0; }
     status_t readBool(bool* pArg) const;
-    int8_t readByte() const;
+    int8_t readByte() const { return static_cast<int8_t>(readInt32()); }
     status_t readByte(int8_t* pArg) const;
-    char16_t readChar() const;
+    char16_t readChar() const { return static_cast<char16_t>(readInt32()); }
     status_t readChar(char16_t* pArg) const;
     /// Borrowed; null when no NUL follows.
     const char* readCString() const;
@@ -170,9 +171,9 @@ class BINDER_EXPORT Parcel {
     template <typename T>
     status_t writeAligned(T val);
     template <typename T>
-    status_t readAligned(T* pArg) const;
+    status_t readWord(T* pArg) const;
     template <typename T>
-    T readAligned() const;
+    T readWord() const;
 
     static status_t reserveObjects(std::vector<Object>* objects, size_t more);
     status_t writeObject(Object&& object);
@@ -192,5 +193,33 @@ class BINDER_EXPORT Parcel {
     std::vector<Object> mObjects;  ///< in ascending order of their offsets
     mutable size_t mObjectHint = 0;
 };
+
+// Words are read here, in the reader's own code: a call into the library would cost more than the read.
+
+/// Whether the next @p len bytes can be read as plain data. An object's picture cannot: it would show
+/// addresses, or be taken for the object.
+inline status_t Parcel::checkRead(size_t len) const {
+    if (mDataPos > mDataSize || len > mDataSize - mDataPos) return NOT_ENOUGH_DATA;
+    if (mObjects.empty()) return NO_ERROR;
+    return overlapsObject(mDataPos, mDataPos + len) ? PERMISSION_DENIED : NO_ERROR;
+}
+
+/// A word need not be aligned, so it is copied rather than cast.
+template <typename T>
+inline status_t Parcel::readWord(T* pArg) const {
+    static_assert(sizeof(T) % 4 == 0, "values take whole cells");
+    const status_t status = checkRead(sizeof(T));
+    if (status != NO_ERROR) return status;
+    std::memcpy(pArg, mData + mDataPos, sizeof(T));
+    mDataPos += sizeof(T);
+    return NO_ERROR;
+}
+
+template <typename T>
+inline T Parcel::readWord() const {
+    T val{};
+    readWord(&val);
+    return val;
+}
 
 }  // namespace android
