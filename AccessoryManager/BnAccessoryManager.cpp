@@ -26,7 +26,7 @@ android::status_t BnAccessoryManager::onTransact(uint32_t code, const android::P
     __android_log_print(ANDROID_LOG_ERROR, kTag, "Calling MSG[%d]: PID=%d, UID=%d", static_cast<int>(code),
                         self->getCallingPid(), static_cast<int>(self->getCallingUid()));
     reply->writeInt32(0);
-    const auto status = wire::dispatch(rows::kManners, rows::kRows, *this, code, data, reply);
+    const auto status = wire::dispatch<rows::kRows>(rows::kManners, *this, code, data, reply);
     return status.has_value() ? *status : android::BBinder::onTransact(code, data, reply, flags);
 }
 

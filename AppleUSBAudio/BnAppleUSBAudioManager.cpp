@@ -50,7 +50,7 @@ android::status_t BnAppleUSBAudioManager::onTransact(uint32_t code, const androi
                             static_cast<int>(self->getCallingUid()));
     }
     reply->writeInt32(0);
-    const auto status = wire::dispatch(rows::kManners, rows::kRows, *this, code, data, reply);
+    const auto status = wire::dispatch<rows::kRows>(rows::kManners, *this, code, data, reply);
     return status.has_value() ? *status : android::BBinder::onTransact(code, data, reply, flags);
 }
 

@@ -33,7 +33,7 @@ android::status_t BnAppleUSBAudioManagerNotifier::onTransact(uint32_t code, cons
                             self->getCallingPid(), static_cast<int>(self->getCallingUid()),
                             static_cast<int>(code));
     }
-    const auto status = wire::dispatch(rows::kManners, rows::kRows, *this, code, data, reply);
+    const auto status = wire::dispatch<rows::kRows>(rows::kManners, *this, code, data, reply);
     return status.has_value() ? *status : android::BBinder::onTransact(code, data, reply, flags);
 }
 

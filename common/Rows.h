@@ -12,6 +12,8 @@
 #include <binder/IBinder.h>
 #include <binder/Parcel.h>
 
+#include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -137,22 +139,39 @@ android::status_t serve(const Manners& manners, const Row<Operation, Result, Rep
     return ReplyKind::write(out, result, row.replyCheck).value_or(android::NO_ERROR);
 }
 
-/// Serves @p code by its row in @p rows, after checking the interface token.
+/// What a stub does for one code.
+template <typename Stub>
+using Case = android::status_t (*)(const Manners& manners, Stub& stub, const android::Parcel& data,
+                                   android::Parcel* reply);
+
+/// The case of the row number @p kIndex. The rows are named, not passed: a name with the types of all of them
+/// in it would be longer than tools can read.
+template <const auto& kRows, size_t kIndex, typename Stub>
+android::status_t serveRow(const Manners& manners, Stub& stub, const android::Parcel& data,
+                           android::Parcel* reply) {
+    constexpr const auto& kRow = std::get<kIndex>(kRows);
+    if (!data.checkInterface(&stub)) return android::PERMISSION_DENIED;
+    return serve(manners, kRow, stub, data, reply);
+}
+
+/// The cases by their codes; null where no row has the code.
+template <const auto& kRows, typename Stub, size_t... kIndex>
+constexpr auto casesByCode(std::index_sequence<kIndex...> /*rows*/) {
+    constexpr uint32_t kHighest = std::max({std::get<kIndex>(kRows).code...});
+    std::array<Case<Stub>, kHighest + 1> cases{};
+    ((cases[std::get<kIndex>(kRows).code] = &serveRow<kRows, kIndex, Stub>), ...);
+    return cases;
+}
+
+/// Serves @p code by its row in @p kRows, after checking the interface token.
 /// @return nothing when there is no such row; PERMISSION_DENIED for another interface's token.
-template <typename Stub, typename... Rows>
-std::optional<android::status_t> dispatch(const Manners& manners, const std::tuple<Rows...>& rows, Stub& stub,
-                                          uint32_t code, const android::Parcel& data,
-                                          android::Parcel* reply) {
-    std::optional<android::status_t> status;
-    const auto serveIf = [&](const auto& row) {
-        if (row.code != code) return false;
-        status = data.checkInterface(&stub) ? serve(manners, row, stub, data, reply)
-                                            : static_cast<android::status_t>(android::PERMISSION_DENIED);
-        return true;
-    };
-    const auto findRow = [&](const auto&... row) { static_cast<void>((serveIf(row) || ...)); };
-    std::apply(findRow, rows);
-    return status;
+template <const auto& kRows, typename Stub>
+std::optional<android::status_t> dispatch(const Manners& manners, Stub& stub, uint32_t code,
+                                          const android::Parcel& data, android::Parcel* reply) {
+    constexpr size_t kCount = std::tuple_size_v<std::decay_t<decltype(kRows)>>;
+    static constexpr auto kCases = casesByCode<kRows, Stub>(std::make_index_sequence<kCount>{});
+    if (code >= kCases.size() || kCases[code] == nullptr) return std::nullopt;
+    return kCases[code](manners, stub, data, reply);
 }
 
 }  // namespace accessory::wire

@@ -35,7 +35,7 @@ BnAppleiAP2Manager::~BnAppleiAP2Manager() {
 android::status_t BnAppleiAP2Manager::onTransact(uint32_t code, const android::Parcel& data,
                                                  android::Parcel* reply, uint32_t flags) {
     ACCESSORY_CHECK_STATUS(kUnit, reply->writeInt32(0));
-    const auto status = wire::dispatch(rows::kManners, rows::kRows, *this, code, data, reply);
+    const auto status = wire::dispatch<rows::kRows>(rows::kManners, *this, code, data, reply);
     return status.has_value() ? *status : android::BBinder::onTransact(code, data, reply, flags);
 }
 

@@ -31,7 +31,7 @@ BnAppleiAP2ManagerNotifier::~BnAppleiAP2ManagerNotifier() {
 
 android::status_t BnAppleiAP2ManagerNotifier::onTransact(uint32_t code, const android::Parcel& data,
                                                          android::Parcel* reply, uint32_t flags) {
-    const auto status = wire::dispatch(rows::kManners, rows::kRows, *this, code, data, reply);
+    const auto status = wire::dispatch<rows::kRows>(rows::kManners, *this, code, data, reply);
     return status.has_value() ? *status : android::BBinder::onTransact(code, data, reply, flags);
 }
 

@@ -16,8 +16,9 @@ namespace android::runtime {
 
 namespace {
 
-constexpr size_t kSmallBody = 1024;
-constexpr size_t kLargestKeptGuess = size_t{64} * 1024;
+/// Room for a frame's body before its size is known. It holds any usual call; what is beyond it comes with one
+/// more system call, right to its place. A connection that rests keeps as much.
+constexpr size_t kUsualBody = 4096;
 
 }  // namespace
 
@@ -40,8 +41,7 @@ Connection::Connection(RuntimeFd fd, ConnectionKind kind, std::shared_ptr<Peer> 
     : mFd(std::move(fd)),
       mKind(kind),
       mPeer(std::move(peer)),
-      mCredentials(credentials),
-      mUsualBody(kSmallBody) {}
+      mCredentials(credentials) {}
 
 void Connection::setPatience(int milliseconds) {
     timeval limit{milliseconds / 1000, suseconds_t{milliseconds % 1000} * 1000};
@@ -131,7 +131,7 @@ Connection::Progress Connection::readFailed(Wait wait) const {
 /// A block before the header is known, and one that holds the whole body once it is.
 bool Connection::makeRoom() {
     const bool known = headerComplete();
-    const size_t wanted = known ? bodySize(mFrame.header) : mUsualBody;
+    const size_t wanted = known ? bodySize(mFrame.header) : kUsualBody;
     if (mFrame.body.capacity() >= wanted) return true;
     Block larger(wanted);
     if (larger.bytes() == nullptr) return false;
@@ -161,7 +161,6 @@ bool Connection::descriptorsComplete() {
 }
 
 void Connection::finish(Frame* frame) {
-    mUsualBody = std::min(std::max(kSmallBody, bodySize(mFrame.header)), kLargestKeptGuess);
     frame->header = mFrame.header;
     frame->body = std::move(mFrame.body);
     frame->fds.swap(mFrame.fds);

@@ -112,7 +112,6 @@ class Connection {
     size_t mBodyBytes = 0;
     bool mDescriptorsLost = false;
     std::atomic<bool> mHandedOver{false};
-    size_t mUsualBody;  // what a frame on this connection has needed lately
 };
 
 }  // namespace android::runtime
