@@ -34,7 +34,7 @@ class MalformedFrames : public testing::Test {
     }
 
     /// A call of kEcho with one record for each of @p records, and 24 bytes of data for each.
-    std::string callWith(std::vector<RawRecord> records, uint16_t descriptorCount = 0) const {
+    std::string callWith(std::vector<RawRecord> records, uint8_t descriptorCount = 0) const {
         RawHeader header = callHeader();
         header.objectCount = static_cast<uint32_t>(records.size());
         header.descriptorCount = descriptorCount;
@@ -128,7 +128,7 @@ TEST_F(MalformedFrames, HaveAWrongFieldInTheirHeader) {
     EXPECT_TRUE(isRefused([](RawHeader* header) { header->protocol ^= 0x100; }));
     for (const uint16_t kind : {0, 2, 3, 4, 0xffff})
         EXPECT_TRUE(isRefused([=](RawHeader* header) { header->kind = kind; })) << kind;
-    for (const uint16_t count : {1, 254, 0xffff})
+    for (const uint8_t count : {1, 254, 255})
         EXPECT_TRUE(isRefused([=](RawHeader* header) { header->descriptorCount = count; })) << count;
     for (const uint32_t size : {1040385u, 0x7fffffffu, 0xffffffffu})
         EXPECT_TRUE(isRefused([=](RawHeader* header) { header->dataSize = size; })) << size;

@@ -9,7 +9,7 @@
 
 namespace accessory::test {
 
-inline constexpr uint32_t kRawProtocol = 0x41424632;
+inline constexpr uint32_t kRawProtocol = 0x41424633;
 
 /// The 128 bits that name a process or an object.
 struct RawId {
@@ -27,7 +27,8 @@ static_assert(sizeof(RawHello) == 24);
 struct RawHeader {
     uint32_t protocol = kRawProtocol;
     uint16_t kind = 1;  ///< 1 a call, 2 a one-way call, 3 a reply
-    uint16_t descriptorCount = 0;
+    uint8_t descriptorCount = 0;
+    uint8_t sharing = 0;
     uint32_t code = 1;
     uint32_t flags = 0;
     uint32_t dataSize = 0;

@@ -16,9 +16,12 @@ namespace android::runtime {
 
 namespace {
 
-/// Room for a frame's body before its size is known. It holds any usual call; what is beyond it comes with one
-/// more system call, right to its place. A connection that rests keeps as much.
+/// Room for a frame's body before its size is known. It holds any usual call; what is beyond it comes with
+/// one more system call, right to its place. A connection that rests keeps as much.
 constexpr size_t kUsualBody = 4096;
+
+/// From this size on the way through shared memory is the shorter one.
+constexpr size_t kWorthSharing = size_t{16} * 1024;
 
 }  // namespace
 
@@ -38,10 +41,7 @@ Frame::~Frame() {
 
 Connection::Connection(RuntimeFd fd, ConnectionKind kind, std::shared_ptr<Peer> peer,
                        const Credentials& credentials)
-    : mFd(std::move(fd)),
-      mKind(kind),
-      mPeer(std::move(peer)),
-      mCredentials(credentials) {}
+    : mFd(std::move(fd)), mKind(kind), mPeer(std::move(peer)), mCredentials(credentials) {}
 
 void Connection::setPatience(int milliseconds) {
     timeval limit{milliseconds / 1000, suseconds_t{milliseconds % 1000} * 1000};
@@ -50,21 +50,48 @@ void Connection::setPatience(int milliseconds) {
 
 status_t Connection::send(const FrameHeader& header, const void* data,
                           const std::vector<ObjectRecord>& records, const std::vector<int>& fds) {
+    FrameHeader sent = header;
+    const bool shared = share(&sent, data);
+    const bool offers = !shared && offerBlock(header);
+    if (offers) sent.sharing |= kOffersBlock;
     iovec parts[3] = {
-        {const_cast<FrameHeader*>(&header), sizeof(header)},
-        {const_cast<void*>(data), header.dataSize},
+        {&sent, sizeof(sent)},
+        {const_cast<void*>(data), shared ? 0 : header.dataSize},
         {const_cast<ObjectRecord*>(records.data()), records.size() * sizeof(ObjectRecord)},
     };
-    switch (sendAll(mFd.get(), parts, records.empty() ? 2 : 3, fds.data(), fds.size())) {
+    const int block = offers ? mBlock->fd() : -1;
+    const int* const descriptors = offers ? &block : fds.data();
+    switch (sendAll(mFd.get(), parts, records.empty() ? 2 : 3, descriptors, descriptorsOf(sent))) {
         case Sent::kAll:
             return NO_ERROR;
         case Sent::kNothing:
             BINDER_LOGE("a call or an answer cannot be sent: %s", strerror(errno));
+            if (offers) mSending = Sending::kNoBlock;
             return FAILED_TRANSACTION;
         case Sent::kGone:
             break;
     }
     return DEAD_OBJECT;
+}
+
+/// Puts large data into the block when the other end maps it. @return whether it did.
+bool Connection::share(FrameHeader* header, const void* data) {
+    if (mView != nullptr) header->sharing |= kMapsBlock;
+    if (mSending != Sending::kAccepted || header->dataSize < kWorthSharing) return false;
+    std::memcpy(mBlock->bytes(), data, header->dataSize);
+    header->sharing |= kDataInBlock;
+    return true;
+}
+
+/// The first large frame still goes through the socket, and a block beside it for those to come. One-way
+/// connections have none: their sender never learns when a frame was read.
+bool Connection::offerBlock(const FrameHeader& header) {
+    if (mKind != ConnectionKind::kCall || header.dataSize < kWorthSharing) return false;
+    if (mSending != Sending::kNoBlock || header.objectCount > 0) return false;
+    if (mBlock == nullptr) mBlock = SharedBlock::create();
+    if (mBlock == nullptr) return false;
+    mSending = Sending::kOffered;
+    return true;
 }
 
 Received Connection::receive(Frame* frame, Wait wait) {
@@ -81,8 +108,8 @@ Received Connection::receive(Frame* frame, Wait wait) {
         if (!isPlausible(mFrame.header)) return Received::kBroken;
         if (!bodyComplete()) continue;
         // The other end has to wait for us before it may say more.
-        if (mBodyBytes > bodySize(mFrame.header)) return Received::kBroken;
-        if (!descriptorsComplete()) return Received::kBroken;
+        if (mBodyBytes > streamedSize(mFrame.header)) return Received::kBroken;
+        if (!descriptorsComplete() || !takeSharing()) return Received::kBroken;
         if (!areRecordsSound(mFrame.header, mFrame.body.bytes())) return Received::kBroken;
         finish(frame);
         return Received::kFrame;
@@ -94,7 +121,7 @@ Received Connection::receive(Frame* frame, Wait wait) {
 Connection::Progress Connection::readMore(Wait wait) {
     if (!makeRoom()) return Progress::kEnd;
     const bool bodyToo = mKind != ConnectionKind::kOneway || headerComplete();
-    const size_t room = headerComplete() ? bodySize(mFrame.header) : mFrame.body.capacity();
+    const size_t room = headerComplete() ? streamedSize(mFrame.header) : mFrame.body.capacity();
     iovec parts[2] = {
         {reinterpret_cast<uint8_t*>(&mFrame.header) + mHeaderBytes, sizeof(FrameHeader) - mHeaderBytes},
         {mFrame.body.bytes() + mBodyBytes, room - mBodyBytes},
@@ -106,7 +133,7 @@ Connection::Progress Connection::readMore(Wait wait) {
     message.msg_control = control;
     message.msg_controllen = sizeof(control);
     const ssize_t got =
-        recvmsg(mFd.get(), &message, MSG_CMSG_CLOEXEC | (wait == Wait::kNo ? MSG_DONTWAIT : 0));
+        receiveMessage(mFd.get(), &message, MSG_CMSG_CLOEXEC | (wait == Wait::kNo ? MSG_DONTWAIT : 0));
     if (got < 0) return readFailed(wait);
     if ((message.msg_controllen > 0 || message.msg_flags != 0) && !noteDescriptors(&message)) {
         return Progress::kEnd;
@@ -131,7 +158,7 @@ Connection::Progress Connection::readFailed(Wait wait) const {
 /// A block before the header is known, and one that holds the whole body once it is.
 bool Connection::makeRoom() {
     const bool known = headerComplete();
-    const size_t wanted = known ? bodySize(mFrame.header) : kUsualBody;
+    const size_t wanted = known ? streamedSize(mFrame.header) : kUsualBody;
     if (mFrame.body.capacity() >= wanted) return true;
     Block larger(wanted);
     if (larger.bytes() == nullptr) return false;
@@ -155,9 +182,38 @@ bool Connection::noteDescriptors(msghdr* message) {
 /// When this process has no room for more descriptors the kernel drops them; their places hold -1 then, and
 /// the call goes on.
 bool Connection::descriptorsComplete() {
-    const size_t announced = mFrame.header.descriptorCount;
+    const size_t announced = descriptorsOf(mFrame.header);
     if (mDescriptorsLost && mFrame.fds.size() < announced) mFrame.fds.resize(announced, -1);
     return mFrame.fds.size() == announced;
+}
+
+/// What the other end says about blocks. @return false when it says what it cannot mean.
+bool Connection::takeSharing() {
+    const uint8_t sharing = mFrame.header.sharing;
+    if (sharing != 0 && mKind != ConnectionKind::kCall) return false;
+    if ((sharing & kOffersBlock) != 0) {
+        const RuntimeFd block(mFrame.fds.back());
+        mFrame.fds.pop_back();
+        if (mView == nullptr && block.isOpen()) mView = SharedView::map(block.get());
+    }
+    if (mSending == Sending::kOffered) {
+        mSending = (sharing & kMapsBlock) != 0 ? Sending::kAccepted : Sending::kRefused;
+        mSending == Sending::kAccepted ? mBlock->closeFd() : mBlock.reset();
+    }
+    return (sharing & kDataInBlock) == 0 || fetchData();
+}
+
+/// The whole body as if it had come through the stream: the data out of the other end's block, then the
+/// records.
+bool Connection::fetchData() {
+    if (mView == nullptr) return false;
+    const FrameHeader& header = mFrame.header;
+    Block whole(bodySize(header));
+    if (whole.bytes() == nullptr) return false;
+    std::memcpy(whole.bytes(), mView->bytes(), header.dataSize);
+    std::memcpy(whole.bytes() + header.dataSize, mFrame.body.bytes(), streamedSize(header));
+    mFrame.body = std::move(whole);
+    return true;
 }
 
 void Connection::finish(Frame* frame) {

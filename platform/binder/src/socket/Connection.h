@@ -12,6 +12,7 @@
 #include "../BufferCache.h"
 #include "Frame.h"
 #include "RuntimeFd.h"
+#include "SharedBlock.h"
 #include "Socket.h"
 
 namespace android::runtime {
@@ -99,7 +100,11 @@ class Connection {
     bool noteDescriptors(msghdr* message);
     bool descriptorsComplete();
     bool headerComplete() const { return mHeaderBytes == sizeof(FrameHeader); }
-    bool bodyComplete() const { return headerComplete() && mBodyBytes >= bodySize(mFrame.header); }
+    bool bodyComplete() const { return headerComplete() && mBodyBytes >= streamedSize(mFrame.header); }
+    bool share(FrameHeader* header, const void* data);
+    bool offerBlock(const FrameHeader& header);
+    bool takeSharing();
+    bool fetchData();
     void finish(Frame* frame);
 
     RuntimeFd mFd;
@@ -112,6 +117,11 @@ class Connection {
     size_t mBodyBytes = 0;
     bool mDescriptorsLost = false;
     std::atomic<bool> mHandedOver{false};
+
+    enum class Sending { kNoBlock, kOffered, kAccepted, kRefused };
+    Sending mSending = Sending::kNoBlock;
+    std::unique_ptr<SharedBlock> mBlock;  // for what is sent
+    std::unique_ptr<SharedView> mView;    // of what is received
 };
 
 }  // namespace android::runtime

@@ -11,7 +11,8 @@ bool isPlausible(const FrameHeader& header) {
                        header.kind == FrameKind::kReply;
     return header.protocol == kProtocol && known && header.dataSize <= kMaxTransaction &&
            header.objectCount <= header.dataSize / sizeof(flat_binder_object) &&
-           header.descriptorCount <= kMaxDescriptors && header.descriptorCount <= header.objectCount;
+           descriptorsOf(header) <= kMaxDescriptors && header.descriptorCount <= header.objectCount &&
+           (header.sharing & ~(kOffersBlock | kMapsBlock | kDataInBlock)) == 0;
 }
 
 ObjectRecord recordAt(const FrameHeader& header, const uint8_t* body, size_t index) {

@@ -3,7 +3,8 @@
 //
 // A connection begins with a Hello from the process that opened it. A call connection then carries one frame
 // at a time, to and fro; a one-way connection carries frames in one direction; a link carries link messages
-// in both. A frame is a header, the parcel's bytes, one record per object in them, and its descriptors.
+// in both. A frame is a header, the parcel's bytes, one record per object in them, and its descriptors; the
+// bytes may lie in shared memory instead.
 #pragma once
 
 #include <cstddef>
@@ -15,7 +16,7 @@
 
 namespace android::runtime {
 
-constexpr uint32_t kProtocol = 0x41424632;  // changes whenever a structure below does
+constexpr uint32_t kProtocol = 0x41424633;  // changes whenever a structure below does
 
 enum class ConnectionKind : uint32_t { kLink = 1, kCall = 2, kOneway = 3 };
 
@@ -28,10 +29,18 @@ static_assert(sizeof(Hello) == 24 && std::is_trivially_copyable_v<Hello>);
 
 enum class FrameKind : uint16_t { kCall = 1, kOneway = 2, kReply = 3 };
 
+/// How large data may travel on a call connection: bits of FrameHeader::sharing. See SharedBlock.h.
+enum Sharing : uint8_t {
+    kOffersBlock = 1,  ///< one more descriptor, the last, is the block of the sender
+    kMapsBlock = 2,    ///< the sender has mapped the block of the receiver, who may use it from now on
+    kDataInBlock = 4,  ///< the data are in the sender's block, not in the stream
+};
+
 struct FrameHeader {
     uint32_t protocol = kProtocol;
     FrameKind kind = FrameKind::kCall;
-    uint16_t descriptorCount = 0;
+    uint8_t descriptorCount = 0;
+    uint8_t sharing = 0;
     uint32_t code = 0;   ///< of a call: the transaction code; of a reply: the status
     uint32_t flags = 0;  ///< of a call: the transaction's flags
     uint32_t dataSize = 0;
@@ -73,9 +82,19 @@ constexpr size_t kMaxDescriptors = 253;
 /// Whether a header can be the beginning of a frame at all.
 bool isPlausible(const FrameHeader& header);
 
-/// Bytes that follow the header.
+/// Bytes of data and records.
 inline size_t bodySize(const FrameHeader& header) {
     return header.dataSize + header.objectCount * sizeof(ObjectRecord);
+}
+
+/// Bytes that follow the header in the stream.
+inline size_t streamedSize(const FrameHeader& header) {
+    return bodySize(header) - ((header.sharing & kDataInBlock) != 0 ? header.dataSize : 0);
+}
+
+/// Descriptors that come with the frame.
+inline size_t descriptorsOf(const FrameHeader& header) {
+    return size_t{header.descriptorCount} + ((header.sharing & kOffersBlock) != 0 ? 1 : 0);
 }
 
 /// Whether the object records fit the data: in ascending order, within it, not overlapping, and as many

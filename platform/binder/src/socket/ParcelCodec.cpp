@@ -74,7 +74,7 @@ void EncodedParcel::encodeBinder(size_t offset, const sp<IBinder>& binder) {
 void EncodedParcel::describe(FrameHeader* header) const {
     header->dataSize = static_cast<uint32_t>(ParcelAccess::size(mParcel));
     header->objectCount = static_cast<uint32_t>(mRecords.size());
-    header->descriptorCount = static_cast<uint16_t>(mFds.size());
+    header->descriptorCount = static_cast<uint8_t>(mFds.size());
 }
 
 void EncodedParcel::sent() {

@@ -3,7 +3,9 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/socket.h>
+#include <sys/syscall.h>
 #include <sys/un.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -93,6 +95,14 @@ bool readCredentials(int fd, Credentials* out) {
     return true;
 }
 
+ssize_t sendMessage(int fd, const msghdr* message, int flags) {
+    return syscall(SYS_sendmsg, fd, message, flags);
+}
+
+ssize_t receiveMessage(int fd, msghdr* message, int flags) {
+    return syscall(SYS_recvmsg, fd, message, flags);
+}
+
 Sent sendAll(int fd, iovec* parts, size_t partCount, const int* fds, size_t fdCount) {
     alignas(cmsghdr) uint8_t control[CMSG_SPACE(kMaxDescriptors * sizeof(int))];
     msghdr message{};
@@ -110,7 +120,7 @@ Sent sendAll(int fd, iovec* parts, size_t partCount, const int* fds, size_t fdCo
     }
     bool begun = false;
     while (message.msg_iovlen > 0) {
-        const ssize_t sent = sendmsg(fd, &message, MSG_NOSIGNAL);
+        const ssize_t sent = sendMessage(fd, &message, MSG_NOSIGNAL);
         if (sent >= 0) {
             advance(&message, static_cast<size_t>(sent));
             message.msg_controllen = 0;

@@ -1,6 +1,7 @@
 // Unix stream sockets: opening, connecting, and moving bytes whatever signals and full buffers say.
 #pragma once
 
+#include <sys/socket.h>
 #include <sys/types.h>
 #include <sys/uio.h>
 #include <sys/un.h>
@@ -41,6 +42,12 @@ class SocketFolder {
 
 /// @return false when the kernel does not say.
 bool readCredentials(int fd, Credentials* out);
+
+/// sendmsg() and recvmsg() without the C library's point of cancellation: a thread that is ended in the
+/// middle of a frame would leave a connection that nobody can use, and in a program with threads it costs as
+/// much as the rest of the way into the kernel.
+ssize_t sendMessage(int fd, const msghdr* message, int flags);
+ssize_t receiveMessage(int fd, msghdr* message, int flags);
 
 enum class Sent {
     kAll,

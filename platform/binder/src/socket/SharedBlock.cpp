@@ -1,0 +1,90 @@
+#include "SharedBlock.h"
+
+#include <fcntl.h>
+#include <sys/mman.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <utility>
+
+namespace android::runtime {
+
+namespace {
+
+/// A process has as many blocks for what it sends, and lets others have as many for what it receives. Calls
+/// on other connections go through their sockets.
+constexpr int kMostBlocks = 16;
+constexpr int kMostViews = 64;
+
+std::atomic<int> gBlocks{0};
+std::atomic<int> gViews{0};
+
+bool countUp(std::atomic<int>& count, int most) {
+    if (count.fetch_add(1) < most) return true;
+    --count;
+    return false;
+}
+
+/// Null instead of MAP_FAILED. A forked child has no business with it.
+uint8_t* mapped(int fd, int protection) {
+    void* const memory = mmap(nullptr, kSharedBytes, protection, MAP_SHARED, fd, 0);
+    if (memory == MAP_FAILED) return nullptr;
+    madvise(memory, kSharedBytes, MADV_DONTFORK);
+    return static_cast<uint8_t*>(memory);
+}
+
+/// With @c F_SEAL_SHRINK nobody can take pages away under a reader; the other seals only keep the block as it
+/// is, and older kernels lack the last.
+bool seal(int fd) {
+    constexpr int kSize = F_SEAL_SHRINK | F_SEAL_GROW;
+    return fcntl(fd, F_ADD_SEALS, kSize | F_SEAL_FUTURE_WRITE) == 0 || fcntl(fd, F_ADD_SEALS, kSize) == 0;
+}
+
+bool isWholeForGood(int fd) {
+    const int seals = fcntl(fd, F_GET_SEALS);
+    struct stat file {};
+    return seals >= 0 && (seals & F_SEAL_SHRINK) != 0 && fstat(fd, &file) == 0 &&
+           file.st_size >= off_t{kSharedBytes};
+}
+
+}  // namespace
+
+std::unique_ptr<SharedBlock> SharedBlock::create() {
+    if (!countUp(gBlocks, kMostBlocks)) return nullptr;
+    RuntimeFd fd(memfd_create("binder", MFD_CLOEXEC | MFD_ALLOW_SEALING));
+    uint8_t* bytes = nullptr;
+    if (fd.isOpen() && ftruncate(fd.get(), kSharedBytes) == 0)
+        bytes = mapped(fd.get(), PROT_READ | PROT_WRITE);
+    if (bytes == nullptr || !seal(fd.get())) {
+        if (bytes != nullptr) munmap(bytes, kSharedBytes);
+        --gBlocks;
+        return nullptr;
+    }
+    return std::unique_ptr<SharedBlock>(new SharedBlock(std::move(fd), bytes));
+}
+
+SharedBlock::SharedBlock(RuntimeFd fd, uint8_t* bytes) : mFd(std::move(fd)), mBytes(bytes) {}
+
+SharedBlock::~SharedBlock() {
+    munmap(mBytes, kSharedBytes);
+    --gBlocks;
+}
+
+std::unique_ptr<SharedView> SharedView::map(int fd) {
+    if (!isWholeForGood(fd) || !countUp(gViews, kMostViews)) return nullptr;
+    if (const uint8_t* const bytes = mapped(fd, PROT_READ)) {
+        return std::unique_ptr<SharedView>(new SharedView(bytes));
+    }
+    --gViews;
+    return nullptr;
+}
+
+SharedView::SharedView(const uint8_t* bytes) : mBytes(bytes) {}
+
+SharedView::~SharedView() {
+    munmap(const_cast<uint8_t*>(mBytes), kSharedBytes);
+    --gViews;
+}
+
+}  // namespace android::runtime
