@@ -14,9 +14,10 @@ using accessory::test::hexOf;
 
 namespace {
 
-TEST(BufferCache, RoundsUpToPowersOfTwoUpTo64KiB) {
-    const size_t sizes[][2] = {{0, 512},     {1, 512},       {512, 512},     {513, 1024},
-                               {1025, 2048}, {32769, 65536}, {65536, 65536}, {65537, 65537}};
+TEST(BufferCache, RoundsUpToPowersOfTwoUpToOneMiB) {
+    const size_t sizes[][2] = {{0, 512},          {1, 512},           {512, 512},        {513, 1024},
+                               {1025, 2048},      {32769, 65536},     {65536, 65536},    {65537, 131072},
+                               {524289, 1048576}, {1048576, 1048576}, {1048577, 1048577}};
     for (const auto& [wanted, expected] : sizes) {
         size_t capacity = 0;
         uint8_t* const block = runtime::acquireBlock(wanted, &capacity);
@@ -34,12 +35,37 @@ TEST(BufferCache, GivesABlockOutAgain) {
     runtime::releaseBlock(nullptr, 0);
 }
 
-TEST(BufferCache, KeepsNoLargeBlocks) {
+TEST(BufferCache, KeepsNoBlockBeyondTheLargest) {
     size_t capacity = 0;
-    uint8_t* const block = runtime::acquireBlock(65537, &capacity);
+    uint8_t* const block = runtime::acquireBlock(1048577, &capacity);
     const size_t before = frees();
     runtime::releaseBlock(block, capacity);
     EXPECT_EQ(before + 1, frees());
+}
+
+TEST(BufferCache, SharesLargeBlocksAmongThreads) {
+    size_t capacity = 0;
+    uint8_t* const block = runtime::acquireBlock(65537, &capacity);
+    runtime::releaseBlock(block, capacity);
+    std::thread([&] {
+        size_t another = 0;
+        uint8_t* const same = runtime::acquireBlock(100'000, &another);
+        EXPECT_EQ(block, same);
+        EXPECT_EQ(capacity, another);
+        runtime::releaseBlock(same, another);
+    }).join();
+}
+
+TEST(BufferCache, KeepsABoundedNumberOfLargeBlocks) {
+    uint8_t* blocks[10] = {};
+    size_t capacity = 0;
+    for (uint8_t*& block : blocks)
+        block = runtime::acquireBlock(1'000'000, &capacity);
+    const size_t before = frees();
+    for (uint8_t* block : blocks)
+        runtime::releaseBlock(block, capacity);
+    EXPECT_GE(frees() - before, 6u) << "4 MiB are kept at most";
+    EXPECT_LT(frees() - before, 10u) << "some are kept";
 }
 
 /// Runs @p work on a new thread. @return how many blocks that thread gave back to the heap, its end included.

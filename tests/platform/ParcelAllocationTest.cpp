@@ -72,7 +72,7 @@ TEST(ParcelAllocation, AnswersWithNoMemoryWhenAWriteCannotGrow) {
 TEST(ParcelAllocation, KeepsTheOldContentWhenNewBytesFindNoMemory) {
     Parcel parcel;
     parcel.writeInt32(1);
-    const std::vector<uint8_t> bytes(100'000);
+    const std::vector<uint8_t> bytes(2'000'000);  // more than any block that is kept
     const Exhaustion exhaustion;
     EXPECT_EQ(NO_MEMORY, parcel.setData(bytes.data(), bytes.size()));
     EXPECT_EQ(4u, parcel.dataSize());
