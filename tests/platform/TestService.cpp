@@ -92,7 +92,8 @@ class TestService : public BBinder {
   protected:
     status_t onTransact(uint32_t code, const Parcel& data, Parcel* reply, uint32_t flags) override {
         using Handler = status_t (TestService::*)(const Parcel&, Parcel*);
-        static const std::unordered_map<uint32_t, Handler> handlers = {
+        // Never destroyed: other threads still serve calls while one ends the process.
+        static const auto& handlers = *new const std::unordered_map<uint32_t, Handler>{
             {kEcho, &TestService::echo},
             {kAnswer, &TestService::answer},
             {kThrow, &TestService::throwIt},

@@ -1,0 +1,72 @@
+// How an application joins the iAP2 service: find it, register a notifier, notice its end, leave in good
+// order.
+#pragma once
+
+#include <accessory/IAppleiAP2Manager.h>
+#include <accessory/IAppleiAP2ManagerNotifier.h>
+#include <binder/IServiceManager.h>
+#include <binder/ProcessState.h>
+#include <pthread.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <cstdio>
+
+namespace examples {
+
+/// Blocks the signals that end the program, for this thread and all that it starts later; ManagerConnection
+/// waits for them. To be called first in main().
+inline void endOnRequest() {
+    sigset_t ends;
+    sigemptyset(&ends);
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP})
+        sigaddset(&ends, signal);
+    pthread_sigmask(SIG_BLOCK, &ends, nullptr);
+}
+
+class ManagerConnection {
+  public:
+    /// Waits 5 s for the service; check isOpen() afterwards.
+    ManagerConnection()
+        : mService(android::defaultServiceManager()->getService(accessory::IAppleiAP2Manager::descriptor)),
+          mManager(accessory::IAppleiAP2Manager::asInterface(mService)) {
+        if (mManager == nullptr) {
+            fprintf(stderr, "there is no iAP2 service here; start one first: accessory-simulator\n");
+        }
+        android::ProcessState::self()->startThreadPool();
+    }
+
+    bool isOpen() const { return mManager != nullptr; }
+    accessory::IAppleiAP2Manager& manager() const { return *mManager; }
+
+    /// Registers @p events, which hears of everything from now on.
+    bool listen(const android::sp<accessory::AppleiAP2ManagerNotifierImplItf>& events) {
+        mService->linkToDeath(mEndOfService);
+        return mManager->setNotifier(new accessory::BnAppleiAP2ManagerNotifier(events)) == 0;
+    }
+
+    /// Returns when the program was asked to end, and then deregisters, or when the service has ended.
+    /// @return whether the service still lives.
+    bool waitForTheEnd() {
+        sigset_t ends;
+        sigemptyset(&ends);
+        for (const int signal : {SIGINT, SIGTERM, SIGHUP})
+            sigaddset(&ends, signal);
+        int signal = 0;
+        sigwait(&ends, &signal);
+        if (!mService->isBinderAlive()) return false;
+        mManager->clearNotifier();
+        return true;
+    }
+
+  private:
+    class EndOfService : public android::IBinder::DeathRecipient {
+        void binderDied(const android::wp<android::IBinder>& /*who*/) override { kill(getpid(), SIGHUP); }
+    };
+
+    const android::sp<android::IBinder> mService;
+    const android::sp<accessory::IAppleiAP2Manager> mManager;
+    const android::sp<EndOfService> mEndOfService = new EndOfService;
+};
+
+}  // namespace examples
