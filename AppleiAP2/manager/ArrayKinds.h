@@ -31,10 +31,12 @@ struct Array {
         RequestBuffer<Element> elements;
         Count count = 0;
 
-        /// Reads the count. @return whether there is memory for as many; a negative count asks for too much.
+        void readCount(Reader& in) { count = static_cast<Count>(in.i32()); }
+        /// @return whether there is memory for as many as the count says; a negative one asks for too much.
+        bool allocate() { return elements.allocate(static_cast<size_t>(count)); }
         bool allocate(Reader& in) {
-            count = static_cast<Count>(in.i32());
-            return elements.allocate(static_cast<size_t>(count));
+            readCount(in);
+            return allocate();
         }
         void readElements(Reader& in) {
             in.raw(elements.get(), static_cast<size_t>(count) * sizeof(Element));
@@ -48,14 +50,27 @@ inline constexpr char kBuf[] = "buf";
 inline constexpr char kInfo[] = "info";
 inline constexpr char kReportData[] = "reportData";
 
-/// An array without which the stub gives up.
+/// An array without which the stub gives up. Bytes that the operation may only read are left in the request.
 template <typename Pointer, typename Count, const char* kCheck>
 struct CheckedArray : Array<Pointer, Count> {
+    static constexpr bool kReadOnlyBytes = std::is_same_v<Pointer, const unsigned char*>;
+
     struct Slot : Array<Pointer, Count>::Slot {
+        const void* borrowed = nullptr;
+
         GiveUp read(Reader& in) {
-            if (!holds(in.site(), this->allocate(in), kCheck)) return android::BAD_VALUE;
+            this->readCount(in);
+            if constexpr (kReadOnlyBytes) borrowed = in.bytes(static_cast<size_t>(this->count));
+            if (borrowed != nullptr) return kGoOn;
+            if (!holds(in.site(), this->allocate(), kCheck)) return android::BAD_VALUE;
             this->readElements(in);
             return kGoOn;
+        }
+        std::tuple<Pointer, Count> arguments() {
+            if constexpr (kReadOnlyBytes) {
+                if (borrowed != nullptr) return {static_cast<Pointer>(borrowed), this->count};
+            }
+            return {this->elements.get(), this->count};
         }
     };
 };

@@ -48,6 +48,7 @@ struct EntryMemory::Block {
 /// What stands before every entry.
 struct alignas(std::max_align_t) EntryMemory::Place {
     Block* block;  ///< null for an entry that came alone
+    size_t bytes;  ///< of the entry
 
     void* entry() { return this + 1; }
     static Place* of(void* entry) { return static_cast<Place*>(entry) - 1; }
@@ -70,29 +71,26 @@ void* EntryMemory::take(size_t bytes) {
         close();
         open();
     }
-    auto* const place = new (reinterpret_cast<char*>(mBlock) + mUsed) Place{mBlock};
+    auto* const place = new (reinterpret_cast<char*>(mBlock) + mUsed) Place{mBlock, bytes};
     mUsed += needed;
     ++mTaken;
     return place->entry();
 }
 
 void* EntryMemory::takeAlone(size_t bytes) {
-    return (new (::operator new(sizeof(Place) + bytes)) Place{nullptr})->entry();
+    return (new (::operator new(sizeof(Place) + bytes)) Place{nullptr, bytes})->entry();
 }
 
-void EntryMemory::release(void* entry, size_t bytes) {
+void EntryMemory::release(void* entry) {
     Place* const place = Place::of(entry);
     if (place->block == nullptr) return ::operator delete(place);
-    ASAN_POISON_MEMORY_REGION(entry, bytes);
+    ASAN_POISON_MEMORY_REGION(entry, place->bytes);
     place->block->letGo(1);
 }
 
 void* BroughtInNumbers::operator new(size_t bytes) { return EntryMemory::takeAlone(bytes); }
-void BroughtInNumbers::operator delete(void* entry, size_t bytes) { EntryMemory::release(entry, bytes); }
+void BroughtInNumbers::operator delete(void* entry) { EntryMemory::release(entry); }
 void* BroughtInNumbers::operator new(size_t bytes, EntryMemory& memory) { return memory.take(bytes); }
-// Only for a constructor that throws, which none does; the size does not matter then.
-void BroughtInNumbers::operator delete(void* entry, EntryMemory& /*memory*/) {
-    EntryMemory::release(entry, 0);
-}
+void BroughtInNumbers::operator delete(void* entry, EntryMemory& /*memory*/) { EntryMemory::release(entry); }
 
 }  // namespace accessory

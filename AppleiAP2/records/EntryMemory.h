@@ -17,7 +17,7 @@ class EntryMemory {
     EntryMemory(const EntryMemory&) = delete;
     EntryMemory& operator=(const EntryMemory&) = delete;
 
-    static constexpr size_t kBlockBytes = 16 * 1024;
+    static constexpr size_t kBlockBytes = size_t{16} * 1024;
 
     /// @param bytes a small part of a block: the size of an entry's class.
     void* take(size_t bytes);
@@ -25,8 +25,8 @@ class EntryMemory {
     /// Memory for an entry that comes alone.
     static void* takeAlone(size_t bytes);
 
-    /// Gives back what either of them gave for as many bytes.
-    static void release(void* entry, size_t bytes);
+    /// Gives back what either of them gave.
+    static void release(void* entry);
 
   private:
     struct Block;

@@ -30,7 +30,7 @@ class EntryMemory;
 class ACCESSORY_EXPORT BroughtInNumbers {
   public:
     static void* operator new(size_t bytes);
-    static void operator delete(void* entry, size_t bytes);
+    static void operator delete(void* entry);
     static void* operator new(size_t bytes, EntryMemory& memory);
     static void operator delete(void* entry, EntryMemory& memory);
 };
