@@ -99,6 +99,8 @@ class Reader : public Steps {
     const char* optionalCstr() { return flag() ? cstr() : nullptr; }
     /// Bytes that are not all there are a failed step that leaves @p bytes as they were.
     void raw(void* bytes, size_t length) { step(mParcel.read(bytes, length)); }
+    /// Points into the parcel; null, and nothing is read, when the bytes are not all there.
+    const void* bytes(size_t length) { return mParcel.readInplace(length); }
     android::sp<android::IBinder> binder() { return mParcel.readStrongBinder(); }
 
     const android::Parcel& parcel() { return mParcel; }

@@ -35,8 +35,9 @@ class NavigationDisplay : public accessory::AppleiAP2ManagerNotifierAdapter {
         const std::lock_guard<std::mutex> guard(mLock);
         if ((mask & Route::kDestinationName) != 0) showIfNew("to", info->getDestinationName(), &mDestination);
         if ((mask & Route::kCurrentRoadName) != 0) showIfNew("on", info->getCurrentRoadName(), &mRoad);
-        if ((mask & Route::kDistanceToNextManeuverDisplayStr) != 0) {
-            printf("in %s: %s\n", info->getDistanceToNextManeuverDisplayStr(), nextManeuver(*info).c_str());
+        const char* const distance = info->getDistanceToNextManeuverDisplayStr();
+        if ((mask & Route::kDistanceToNextManeuverDisplayStr) != 0 && *distance != '\0') {
+            printf("in %s: %s\n", distance, nextManeuver(*info).c_str());
         }
         return 0;
     }

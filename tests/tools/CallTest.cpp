@@ -22,10 +22,12 @@ std::string toldBy(Services& services, const Words& words) {
 TEST(Call, SendsNamedValuesAndValuesInTheirOrder) {
     Services services;
     const std::string told = R"(launchAPP(7, "com.example.maps", 2))";
-    EXPECT_EQ(toldBy(services, {"IAppleiAP2Manager.launchAPP", "accId=7", "appId=com.example.maps", "method=2"}),
-              told);
+    EXPECT_EQ(
+        toldBy(services, {"IAppleiAP2Manager.launchAPP", "accId=7", "appId=com.example.maps", "method=2"}),
+        told);
     EXPECT_EQ(toldBy(services, {"AppleiAP2Manager.launchapp", "7", "com.example.maps", "2"}), told);
-    EXPECT_EQ(toldBy(services, {"accessory.AppleiAP2Manager.launchAPP", "method=2", "7", "com.example.maps"}), told);
+    EXPECT_EQ(toldBy(services, {"accessory.AppleiAP2Manager.launchAPP", "method=2", "7", "com.example.maps"}),
+              told);
     EXPECT_EQ(toldBy(services, {"launchAPP", "0x7", "com.example.maps", "2"}), told);
 }
 
@@ -50,10 +52,11 @@ TEST(Call, SendsBytesFromHexDigitsAndFiles) {
 
 TEST(Call, SendsListsAndMasks) {
     Services services;
-    const std::string told = "StartRouteGuidanceUpdate(7, [1 -2], 2, 5)";
+    const std::string told = "StartRouteGuidanceUpdate(7, [01 00 00 00 fe ff ff ff], 2, 5)";
     EXPECT_EQ(toldBy(services, {"StartRouteGuidanceUpdate", "7", "1,-2", "5"}), told);
     EXPECT_EQ(toldBy(services, {"StartRouteGuidanceUpdate", "7", "[1, -2]", "5"}), told);
-    EXPECT_EQ(toldBy(services, {"startPowerUpdate", "7", "powerMode|chargeLevel"}), "startPowerUpdate(7, 36)");
+    EXPECT_EQ(toldBy(services, {"startPowerUpdate", "7", "powerMode|chargeLevel"}),
+              "startPowerUpdate(7, 36)");
     EXPECT_EQ(toldBy(services, {"startPowerUpdate", "7", "all"}), "startPowerUpdate(7, 63)");
     EXPECT_EQ(toldBy(services, {"startPowerUpdate", "7", "0x80000001"}), "startPowerUpdate(7, 2147483649)");
 }
@@ -61,31 +64,37 @@ TEST(Call, SendsListsAndMasks) {
 TEST(Call, SendsStructuresByTheirMembersAndAsJson) {
     Services services;
     const std::string told = R"(InitiateCall(7, {2 "tel" 1 null}))";
-    EXPECT_EQ(toldBy(services, {"InitiateCall", "7", "param.type=2", "param.destinationId=tel", "param.service=1"}),
+    EXPECT_EQ(
+        toldBy(services, {"InitiateCall", "7", "param.type=2", "param.destinationId=tel", "param.service=1"}),
+        told);
+    EXPECT_EQ(toldBy(services, {"InitiateCall", "7", R"({"type":2,"destinationId":"tel","service":1})"}),
               told);
-    EXPECT_EQ(toldBy(services, {"InitiateCall", "7", R"({"type":2,"destinationId":"tel","service":1})"}), told);
-    EXPECT_EQ(toldBy(services, {"InitiateCall", "7", R"(param={"type":2,"destinationId":"tel","service":1})"}), told);
+    EXPECT_EQ(
+        toldBy(services, {"InitiateCall", "7", R"(param={"type":2,"destinationId":"tel","service":1})"}),
+        told);
 }
 
 TEST(Call, TellsOperationsOfOneNameApartByTheirArguments) {
     Services services;
     EXPECT_EQ(toldBy(services, {"startHID", "7"}), "startHID(7)");
-    EXPECT_EQ(toldBy(services, {"startHID", "7", "attributes.vendorId=258", "attributes.reportDescriptor=05"}),
-              "startHID(7, {0 258 0 0 [05]})");
+    EXPECT_EQ(
+        toldBy(services, {"startHID", "7", "attributes.vendorId=258", "attributes.reportDescriptor=05"}),
+        "startHID(7, {0 258 0 [05] 1 0})");
     EXPECT_EQ(toldBy(services, {"startMediaLibUpdates", "7", "info.firstText=lib"}),
               R"(startMediaLibUpdates(7, {"lib" null 0 0 0 0 0}))");
     // The form with masks is only sent: the service takes the first mask for the second text.
     EXPECT_EQ(toldBy(services, {"startMediaLibUpdates", "7", "lib", "id", "0", "0", "x"}),
-              "startMediaLibUpdates(7, {\"lib\" \"\\x01\" 0 0 120 0 0})");
+              "startMediaLibUpdates(7, {\"lib\" \"\x01\" 0 0 120 0 0})");
 }
 
 TEST(Call, ShowsWhatTheReplyHolds) {
     Services services;
     EXPECT_EQ(run({"call", "getEASessionId", "7", "0"}).out, "first   -5\nsecond  16909060\nresult  0\n");
-    EXPECT_EQ(run({"call", "getVersion", "--json"}).out,
-              R"({"code":75,"interface":"IAppleiAP2Manager","operation":"getVersion","reply":{"result":"1.2.3"},)"
-              R"("schema":"accessoryctl/1","status":"NO_ERROR","type":"reply"})"
-              "\n");
+    EXPECT_EQ(
+        run({"call", "getVersion", "--json"}).out,
+        R"({"code":75,"interface":"IAppleiAP2Manager","operation":"getVersion","reply":{"result":"1.2.3"},)"
+        R"("schema":"accessoryctl/1","status":"NO_ERROR","type":"reply"})"
+        "\n");
     EXPECT_EQ(run({"call", "getAPPIds", "7", "--json"}).objects().at(0)["reply"],
               parsed(R"({"appIds":["app.one","","c"],"result":0})"));
     EXPECT_EQ(run({"call", "IAppleUSBAudioManager.getIds", "--json"}).objects().at(0)["reply"],
@@ -103,11 +112,10 @@ TEST(Call, CountsAResultBelowZeroAsFailed) {
 TEST(Call, NamesTheServiceThatIsNotThere) {
     const Ran ran = run({"call", "launchAPP", "7", "a", "2", "--json"});
     EXPECT_EQ(ran.status, 3);
-    EXPECT_EQ(ran.out,
-              R"({"exit":3,"message":"the service accessory.AppleiAP2Manager is not there",)"
-              R"("schema":"accessoryctl/1","service":"accessory.AppleiAP2Manager",)"
-              R"("try":"accessoryctl wait accessory.AppleiAP2Manager","type":"error"})"
-              "\n");
+    EXPECT_EQ(ran.out, R"({"exit":3,"message":"the service accessory.AppleiAP2Manager is not there",)"
+                       R"("schema":"accessoryctl/1","service":"accessory.AppleiAP2Manager",)"
+                       R"("try":"accessoryctl wait accessory.AppleiAP2Manager","type":"error"})"
+                       "\n");
     EXPECT_EQ(ran.err, "");
 }
 

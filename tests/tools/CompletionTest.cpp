@@ -1,1 +1,104 @@
+// completion: scripts that the shells accept and that offer exactly what there is.
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <fstream>
+#include <sstream>
+
+#include "tests/tools/Program.h"
+#include "tools/rows/Operation.h"
+
+namespace accessory::test {
+namespace {
+
+/// A completion script in a file of its own.
+class Script {
+  public:
+    explicit Script(const std::string& shell)
+        : mPath(testing::TempDir() + "accessoryctl-completion-" + shell) {
+        const Ran ran = run({"completion", shell});
+        EXPECT_EQ(ran.status, 0);
+        std::ofstream(mPath) << ran.out;
+    }
+    ~Script() { remove(mPath.c_str()); }
+    Script(const Script&) = delete;
+    Script& operator=(const Script&) = delete;
+
+    const std::string& path() const { return mPath; }
+
+  private:
+    const std::string mPath;
+};
+
+bool isInstalled(const std::string& shell) {
+    return system(("command -v " + shell + " > /dev/null").c_str()) == 0;
+}
+
+/// What bash offers for the last of @p words, in ascending order.
+Words offered(const Script& script, const Words& words) {
+    std::string command = "source " + script.path() + "; COMP_WORDS=(accessoryctl";
+    for (const std::string& word : words)
+        command += " '" + word + "'";
+    command += "); COMP_CWORD=" + std::to_string(words.size()) +
+               R"(; compopt() { :; }; _accessoryctl; printf '%s\n' "${COMPREPLY[@]}")";
+    setenv("ACCESSORYCTL_SCRIPT", command.c_str(), 1);
+    FILE* const output = popen("bash -c \"$ACCESSORYCTL_SCRIPT\"", "r");
+    std::string text;
+    for (int c = 0; (c = fgetc(output)) != EOF;)
+        text += static_cast<char>(c);
+    EXPECT_EQ(pclose(output), 0) << text;
+    Words all;
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);)
+        if (!line.empty()) all.push_back(line);
+    std::sort(all.begin(), all.end());
+    return all;
+}
+
+/// "Interface.operation" of all services, or of all notifiers, each once, in ascending order.
+Words namesFromRows(bool notifiers) {
+    Words names;
+    for (const tools::Interface* interface : tools::allInterfaces()) {
+        if (interface->isNotifier != notifiers) continue;
+        for (const auto& operation : interface->operations)
+            names.push_back(interface->name + "." + operation->name);
+    }
+    std::sort(names.begin(), names.end());
+    names.erase(std::unique(names.begin(), names.end()), names.end());
+    return names;
+}
+
+TEST(Completion, IsAScriptThatBashAccepts) {
+    const Script script("bash");
+    EXPECT_EQ(system(("bash -n " + script.path()).c_str()), 0);
+}
+
+TEST(Completion, IsAScriptThatZshAccepts) {
+    if (!isInstalled("zsh")) GTEST_SKIP() << "zsh is not installed";
+    const Script script("zsh");
+    EXPECT_EQ(system(("zsh -n " + script.path()).c_str()), 0);
+}
+
+TEST(Completion, OffersTheOperationsAndEventsOfTheRows) {
+    const Script script("bash");
+    EXPECT_EQ(offered(script, {"call", ""}), namesFromRows(false));
+    EXPECT_EQ(offered(script, {"watch", ""}), namesFromRows(true));
+}
+
+TEST(Completion, OffersVerbsFieldsAndOptions) {
+    const Script script("bash");
+    EXPECT_EQ(offered(script, {"d"}), (Words{"describe", "doctor", "dump"}));
+    EXPECT_EQ(offered(script, {"call", "IAppleiAP2Manager.launchAPP", ""}),
+              (Words{"accId=", "appId=", "method="}));
+    EXPECT_EQ(offered(script, {"call", "IAppleiAP2Manager.InitiateCall", "param.d"}),
+              (Words{"param.destinationId="}));
+    EXPECT_EQ(offered(script, {"watch", "--re"}), (Words{"--reconnect"}));
+    EXPECT_EQ(offered(script, {"dump", "IAcc"}), (Words{"IAccessoryManager"}));
+    EXPECT_EQ(offered(script, {"completion", ""}), (Words{"bash", "zsh"}));
+    EXPECT_EQ(offered(script, {"call", "IAppleiAP2Manager.launchAPP", "accId", "=", ""}), Words{});
+}
+
+}  // namespace
+}  // namespace accessory::test

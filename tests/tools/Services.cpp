@@ -113,13 +113,9 @@ void flood(Served& served, int count) {
 const std::map<std::string, void (*)(Served&, int)>& deeds() {
     static const std::map<std::string, void (*)(Served&, int)> all = {
         {"attach",
-         [](Served& served, int id) {
-             served.manager->broadcaster->attach(static_cast<unsigned int>(id));
-         }},
+         [](Served& served, int id) { served.manager->broadcaster->attach(static_cast<unsigned int>(id)); }},
         {"detach",
-         [](Served& served, int id) {
-             served.manager->broadcaster->detach(static_cast<unsigned int>(id));
-         }},
+         [](Served& served, int id) { served.manager->broadcaster->detach(static_cast<unsigned int>(id)); }},
         {"audio",
          [](Served& served, int id) { served.audio->broadcaster->attach(static_cast<unsigned int>(id)); }},
         {"power", sendPower},

@@ -36,7 +36,8 @@ struct Watching : Program {
 TEST(Watch, PrintsEveryEventDecoded) {
     Services services;
     Watching watching({"--count", "2"});
-    EXPECT_EQ(watching.first["services"], parsed(R"(["accessory.AppleiAP2Manager","accessory.AppleUSBAudioManager"])"));
+    EXPECT_EQ(watching.first["services"],
+              parsed(R"(["accessory.AppleiAP2Manager","accessory.AppleUSBAudioManager"])"));
     services.ask("attach 4294967");
     EXPECT_EQ(timeless(watching.expectObject()),
               parsed(R"({"arguments":{"accId":4294967},"code":2,"event":"attach",
@@ -63,7 +64,7 @@ TEST(Watch, PrintsTextForPeople) {
     services.ask("power 80");
     const std::string line = watching.expectLine();
     EXPECT_EQ(line.substr(line.find(' ')),
-              " IAppleiAP2ManagerNotifier.powerUpdate accId=7 power={chargeLevel=80, powerMode=2}");
+              " IAppleiAP2ManagerNotifier.powerUpdate accId=7 power={powerMode=2, chargeLevel=80}");
 }
 
 TEST(Watch, PrintsOnlyTheEventsThatWereNamed) {
@@ -158,8 +159,9 @@ TEST(Watch, WaitsForAServiceThatIsNotThereYetWhenTold) {
 TEST(Watch, NamesTheServiceThatIsNotThere) {
     const Ran ran = run({"watch", "powerUpdate"});
     EXPECT_EQ(ran.status, 3);
-    EXPECT_EQ(ran.err, "accessoryctl: the service accessory.AppleiAP2Manager is not there.\n"
-                       "Type: accessoryctl wait accessory.AppleiAP2Manager\n");
+    EXPECT_EQ(ran.err,
+              "accessoryctl: the service accessory.AppleiAP2Manager is not there.\n"
+              "Type: accessoryctl wait accessory.AppleiAP2Manager\n");
 }
 
 TEST(Watch, DropsLinesForASlowReaderInsteadOfBlockingTheService) {
