@@ -2,6 +2,10 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <memory>
+#include <vector>
+
+#include "tests/platform/RawPeer.h"
 #include "tests/platform/TestObjects.h"
 #include "tests/platform/TestService.h"
 
@@ -112,6 +116,26 @@ TEST(TransactionLimit, LetsTheObjectsOfARefusedRequestGo) {
     }
     mine = nullptr;
     EXPECT_TRUE(eventually([&] { return watched.promote() == nullptr; }));
+}
+
+TEST(ConnectionLimit, IsWhatOneProcessMayHaveAndFreesAgain) {
+    const ServiceProcess service;
+    const RawAddress address = RawAddress::of(service.name());
+    std::vector<std::unique_ptr<RawPeer>> peers;
+    const auto isServed = [&] {
+        RawHeader header;
+        header.target = address.token;
+        peers.push_back(std::make_unique<RawPeer>(address, RawHello()));
+        peers.back()->send(bytesOf(header));
+        return peers.back()->receive(40).size() == 40;
+    };
+    ASSERT_EQ(9, ask(service.object(), kEcho, 9)) << "this is the first connection";
+    for (int i = 1; i < 512; ++i)
+        ASSERT_TRUE(isServed()) << i;
+    EXPECT_FALSE(isServed());
+    EXPECT_EQ(9, ask(service.object(), kEcho, 9)) << "those that there are stay";
+    peers.clear();
+    EXPECT_TRUE(eventually(isServed));
 }
 
 }  // namespace

@@ -155,6 +155,31 @@ TEST(OnewayCall, FloodsAreTakenInAsTheServiceKeepsUp) {
     EXPECT_TRUE(keepsEachSendersOrder(notesOnceThereAre(service, kCalls)));
 }
 
+TEST(OnewayCall, IsRefusedWhenTheServiceHasFallenFarBehindAndTakenInLater) {
+    const ServiceProcess service;
+    ASSERT_EQ(NO_ERROR, Call(service.object(), kWait).send());
+    EXPECT_TRUE(eventually([&] { return ask(service.object(), kWaiting) == 1; }));
+    int sent = 0;
+    const auto noteNext = [&] {
+        Call call(service.object(), kRecord);
+        call << 1 << sent;
+        call.request.setDataSize(size_t{64} * 1024);
+        return call.send();
+    };
+    status_t status = NO_ERROR;
+    while (status == NO_ERROR && sent < 1000) {
+        status = noteNext();
+        sent += status == NO_ERROR ? 1 : 0;
+    }
+    EXPECT_EQ(FAILED_TRANSACTION, status);
+    EXPECT_GT(sent, 32) << "at least 2 MiB may wait";
+    EXPECT_LT(sent, 160) << "at most 10 MiB may wait";
+    EXPECT_EQ(FAILED_TRANSACTION, noteNext()) << "and the next one at once";
+    ask(service.object(), kOpenGate);
+    EXPECT_TRUE(eventually([&] { return noteNext() == NO_ERROR; }));
+    EXPECT_TRUE(keepsEachSendersOrder(notesOnceThereAre(service, sent + 1))) << "none that was taken is lost";
+}
+
 TEST(OnewayCall, ToADeadProcessIsTheSendersErrorAtTheLatestOnceThatIsKnown) {
     ServiceProcess service;
     EXPECT_EQ(NO_ERROR, note(service, 1, 0));

@@ -33,7 +33,8 @@ bool isUsable(const Hello& hello, const PeerId& own) {
 
 }  // namespace
 
-Acceptor::Acceptor(Node& node) : mNode(node), mListener(node.folder.listen(node.id.toString())) {
+Acceptor::Acceptor(Node& node)
+    : mNode(node), mListener(node.folder.listen(node.id.toString(), node.access.fileMode())) {
     if (!mListener.isOpen()) {
         BINDER_LOGE("no socket in the runtime folder '%s': %s", node.folder.path().c_str(), strerror(errno));
         return;
@@ -92,14 +93,15 @@ void Acceptor::listenOn(const std::shared_ptr<Greeting>& greeting) {
 void Acceptor::admit(RuntimeFd fd, const Hello& hello) {
     Credentials credentials;
     if (!readCredentials(fd.get(), &credentials)) return;
+    if (!mNode.access.admits(fd.get(), credentials))
+        return mRefusals.tell(credentials, "it is another user's");
     if (!isUsable(hello, mNode.id)) {
-        BINDER_LOGW("process %d (user %d) does not speak this protocol and is refused", credentials.pid,
-                    static_cast<int>(credentials.uid));
-        return;
+        return mRefusals.tell(credentials, "it does not speak this version of the protocol");
     }
     const std::shared_ptr<Peer> peer = mNode.peers.get(hello.sender);
     if (hello.kind == ConnectionKind::kLink) return peer->adoptLink(std::move(fd), credentials);
-    mNode.workers.add(std::make_unique<Connection>(std::move(fd), hello.kind, peer, credentials));
+    auto connection = std::make_unique<Connection>(std::move(fd), hello.kind, peer, credentials);
+    if (!mNode.workers.add(std::move(connection))) mRefusals.tell(credentials, "it has too many connections");
 }
 
 }  // namespace android::runtime

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 
+#include "Access.h"
 #include "Frame.h"
 #include "RuntimeFd.h"
 #include "Socket.h"
@@ -36,6 +37,7 @@ class Acceptor {
     Node& mNode;
     RuntimeFd mListener;
     uint64_t mWatch = 0;
+    RefusalLog mRefusals;
 };
 
 }  // namespace android::runtime

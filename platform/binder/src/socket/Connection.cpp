@@ -94,6 +94,11 @@ bool Connection::offerBlock(const FrameHeader& header) {
     return true;
 }
 
+bool Connection::hasRoom(int milliseconds) const {
+    pollfd room{mFd.get(), POLLOUT, 0};
+    return poll(&room, 1, milliseconds) != 0;
+}
+
 Received Connection::receive(Frame* frame, Wait wait) {
     for (;;) {
         switch (readMore(wait)) {

@@ -75,6 +75,10 @@ class Connection {
     status_t send(const FrameHeader& header, const void* data, const std::vector<ObjectRecord>& records,
                   const std::vector<int>& fds);
 
+    /// Whether the socket takes more, at once or within that time; true for one that is gone, which send()
+    /// finds.
+    bool hasRoom(int milliseconds) const;
+
     /// @param wait kBriefly waits as long as setPatience() said.
     Received receive(Frame* frame, Wait wait);
 

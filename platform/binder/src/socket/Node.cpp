@@ -53,7 +53,7 @@ Node& Node::instance() {
     return *node;
 }
 
-Node::Node() : id(Secret::random()), folder(prepareRuntimeFolder()), peers(*this), mAcceptor(*this) {}
+Node::Node() : id(Secret::random()), folder(prepareRuntimeFolder(access)), peers(*this), mAcceptor(*this) {}
 
 sp<IBinder> Node::comeHome(const Token& token) {
     const sp<BBinder> object = exports.find(token);

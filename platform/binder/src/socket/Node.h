@@ -4,6 +4,7 @@
 #include <string>
 
 #include "Acceptor.h"
+#include "Access.h"
 #include "Exports.h"
 #include "Identity.h"
 #include "NoticeThread.h"
@@ -24,6 +25,7 @@ class Node {
     static Node& instance();
 
     const PeerId id;
+    const Access access;
     const SocketFolder folder;
     Exports exports;
     PeerTable peers;

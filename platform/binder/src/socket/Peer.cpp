@@ -21,6 +21,10 @@ namespace {
 /// Idle connections that are kept for the next calls; more come and go with their call.
 constexpr size_t kMaxIdle = 16;
 
+/// How long a one-way call waits for room when the receiver has fallen behind; after that, calls are refused
+/// at once until there is room again.
+constexpr int kOnewayPatienceMs = 1000;
+
 bool isGone(int error) { return error == ECONNREFUSED || error == ENOENT; }
 
 }  // namespace
@@ -74,6 +78,13 @@ status_t Peer::sendOneway(const FrameHeader& header, const void* data,
     status_t status = NO_ERROR;
     if (mOneway == nullptr) mOneway = open(ConnectionKind::kOneway, &status);
     if (mOneway == nullptr) return status;
+    if (!mOneway->hasRoom(mOnewayIsFull ? 0 : kOnewayPatienceMs)) {
+        if (!mOnewayIsFull)
+            BINDER_LOGE("process %d takes in no one-way calls; more are refused", mOneway->credentials().pid);
+        mOnewayIsFull = true;
+        return FAILED_TRANSACTION;
+    }
+    mOnewayIsFull = false;
     status = mOneway->send(header, data, records, fds);
     if (status == DEAD_OBJECT) mOneway.reset();
     return status;

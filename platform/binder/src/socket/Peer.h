@@ -47,7 +47,7 @@ class Peer : public std::enable_shared_from_this<Peer> {
     std::unique_ptr<Connection> takeConnection(status_t* status);
     void giveBack(std::unique_ptr<Connection> connection);
 
-    /// Sends a one-way call after all that were sent before.
+    /// Sends a one-way call after all that were sent before. FAILED_TRANSACTION when the peer takes none in.
     status_t sendOneway(const FrameHeader& header, const void* data, const std::vector<ObjectRecord>& records,
                         const std::vector<int>& fds);
 
@@ -105,6 +105,7 @@ class Peer : public std::enable_shared_from_this<Peer> {
     // Orders one-way calls; held while sending, taken before mLock.
     std::mutex mOnewayLock;
     std::unique_ptr<Connection> mOneway;
+    bool mOnewayIsFull = false;
 };
 
 /// The peers that anything here still refers to. mLock is a leaf.

@@ -29,26 +29,38 @@ std::string chooseFolder() {
     return (temporary.empty() ? "/tmp" : temporary) + "/binder-" + std::to_string(geteuid());
 }
 
-/// Whoever may write here could pose as any service, so the folder must be this user's alone.
-const char* whatIsWrongWith(const std::string& folder) {
+/// Whoever may write here could pose as any service, so the folder must be this user's alone. One that a
+/// group shares keeps its members from each other's files.
+const char* whatIsWrongWith(const std::string& folder, const Access& access) {
     struct stat state {};
     if (lstat(folder.c_str(), &state) != 0) return strerror(errno);
     if (!S_ISDIR(state.st_mode)) return "it is not a folder";
-    if (state.st_uid != geteuid()) return "it belongs to another user";
-    if ((state.st_mode & (S_IWGRP | S_IWOTH)) != 0) return "others may write to it";
-    return nullptr;
+    const bool isTheGroups = access.group() && state.st_gid == *access.group();
+    if (state.st_uid != geteuid() && !isTheGroups) return "it belongs to another user";
+    if ((state.st_mode & S_IWOTH) != 0) return "others may write to it";
+    if ((state.st_mode & S_IWGRP) == 0) return nullptr;
+    if (!isTheGroups) return "others may write to it";
+    return (state.st_mode & S_ISVTX) != 0 ? nullptr : "its group may remove what others put there; chmod +t";
+}
+
+/// @return false, with errno set, when there is none and it cannot be made.
+bool make(const std::string& folder, const Access& access) {
+    if (mkdir(folder.c_str(), S_IRWXU) != 0) return errno == EEXIST;
+    if (!access.group()) return true;
+    return chown(folder.c_str(), static_cast<uid_t>(-1), *access.group()) == 0 &&
+           chmod(folder.c_str(), access.folderMode()) == 0;
 }
 
 }  // namespace
 
-std::string prepareRuntimeFolder() {
+std::string prepareRuntimeFolder(const Access& access) {
     std::string folder = chooseFolder();
-    if (mkdir(folder.c_str(), S_IRWXU) != 0 && errno != EEXIST) {
+    if (!make(folder, access)) {
         BINDER_LOGE("runtime folder %s cannot be made: %s. Set BINDER_RUNTIME_DIR to a folder of your own.",
                     folder.c_str(), strerror(errno));
         return folder;
     }
-    if (const char* const problem = whatIsWrongWith(folder)) {
+    if (const char* const problem = whatIsWrongWith(folder, access)) {
         BINDER_LOGE(
             "runtime folder %s cannot be trusted: %s. Set BINDER_RUNTIME_DIR to a folder of your own "
             "with mode 0700.",

@@ -25,12 +25,10 @@ constexpr char kPrefix[] = "service-";
 /// "<owner> <token>\n", both in 32 hexadecimal digits.
 constexpr size_t kEntrySize = 32 + 1 + 32 + 1;
 
-RuntimeFd lockFolder(const SocketFolder& folder) {
-    RuntimeFd lock(open(folder.pathOf("lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR));
-    while (lock.isOpen() && flock(lock.get(), LOCK_EX) != 0) {
-        if (errno != EINTR) return {};
+void waitForLock(RuntimeFd* lock) {
+    while (lock->isOpen() && flock(lock->get(), LOCK_EX) != 0) {
+        if (errno != EINTR) lock->reset();
     }
-    return lock;
 }
 
 }  // namespace
@@ -45,8 +43,21 @@ bool ServiceDirectory::read(const std::string& name, ServiceEntry* entry) const 
     return entry->owner && entry->token;
 }
 
+/// Opened first and made only when it is missing: in a shared folder the kernel lets nobody "create" a file
+/// that another user has. The mode holds whatever the process's umask is.
+RuntimeFd ServiceDirectory::openOrMake(const std::string& path, int flags) const {
+    for (;;) {
+        RuntimeFd file(open(path.c_str(), flags | O_CLOEXEC | O_NOFOLLOW));
+        if (file.isOpen() || errno != ENOENT) return file;
+        file = RuntimeFd(open(path.c_str(), flags | O_CREAT | O_EXCL | O_CLOEXEC, mFileMode));
+        if (file.isOpen()) fchmod(file.get(), mFileMode);
+        if (file.isOpen() || errno != EEXIST) return file;
+    }
+}
+
 int ServiceDirectory::publish(const std::string& name, const ServiceEntry& entry) const {
-    const RuntimeFd lock = lockFolder(mFolder);
+    RuntimeFd lock = openOrMake(mFolder.pathOf("lock"), O_RDWR);
+    waitForLock(&lock);
     if (!lock.isOpen()) return -errno;
     ServiceEntry present;
     if (read(name, &present) && present.owner != entry.owner && isAlive(present.owner)) return ALREADY_EXISTS;
@@ -57,7 +68,7 @@ int ServiceDirectory::publish(const std::string& name, const ServiceEntry& entry
 int ServiceDirectory::write(const std::string& name, const ServiceEntry& entry) const {
     const std::string text = entry.owner.toString() + " " + entry.token.toString() + "\n";
     const std::string beside = mFolder.pathOf("new-" + entry.owner.toString());
-    const RuntimeFd file(open(beside.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, S_IRUSR | S_IWUSR));
+    const RuntimeFd file = openOrMake(beside, O_WRONLY | O_TRUNC);
     if (!file.isOpen()) return -errno;
     const bool written = ::write(file.get(), text.data(), text.size()) == static_cast<ssize_t>(text.size());
     if (written && rename(beside.c_str(), pathOf(name).c_str()) == 0) return NO_ERROR;

@@ -20,7 +20,8 @@ struct ServiceEntry {
 /// one step, and whoever changes one holds the folder's lock file.
 class ServiceDirectory {
   public:
-    explicit ServiceDirectory(const SocketFolder& folder) : mFolder(folder) {}
+    /// @param fileMode of the files that are made: who may read them finds the services.
+    ServiceDirectory(const SocketFolder& folder, mode_t fileMode) : mFolder(folder), mFileMode(fileMode) {}
 
     /// @return false when there is no such entry, or none that can be read.
     bool read(const std::string& name, ServiceEntry* entry) const;
@@ -45,7 +46,10 @@ class ServiceDirectory {
     int write(const std::string& name, const ServiceEntry& entry) const;
     std::string pathOf(const std::string& name) const { return mFolder.pathOf("service-" + name); }
 
+    RuntimeFd openOrMake(const std::string& path, int flags) const;
+
     const SocketFolder& mFolder;
+    const mode_t mFileMode;
 };
 
 template <typename Condition>

@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/un.h>
 #include <unistd.h>
@@ -66,12 +67,12 @@ bool SocketFolder::address(const std::string& name, sockaddr_un* out) const {
     return true;
 }
 
-RuntimeFd SocketFolder::listen(const std::string& name) const {
+RuntimeFd SocketFolder::listen(const std::string& name, mode_t mode) const {
     sockaddr_un where{};
     if (!address(name, &where)) return {};
     RuntimeFd fd = newSocket(SOCK_NONBLOCK);
     if (!fd.isOpen() || bind(fd.get(), generic(where), sizeof(where)) != 0) return {};
-    if (::listen(fd.get(), kBacklog) != 0) return {};
+    if (chmod(where.sun_path, mode) != 0 || ::listen(fd.get(), kBacklog) != 0) return {};
     return fd;
 }
 

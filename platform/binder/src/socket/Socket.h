@@ -28,7 +28,8 @@ class SocketFolder {
     std::string pathOf(const std::string& name) const { return mPath + "/" + name; }
 
     /// A listening socket under @p name; closed when it cannot be had, with errno set.
-    RuntimeFd listen(const std::string& name) const;
+    /// @param mode of its file: who may write to it may connect.
+    RuntimeFd listen(const std::string& name, mode_t mode) const;
     /// A connection to the socket @p name; closed when nobody listens there, with errno set.
     /// @param wait whether to wait when the listener has no room for the moment, instead of EAGAIN.
     RuntimeFd connect(const std::string& name, bool wait) const;

@@ -18,7 +18,9 @@ std::atomic<bool> gRunning{false};
 /// mLock orders publications of this process; it is held while a file is written, and before any other lock.
 class SocketTransport : public Transport {
   public:
-    SocketTransport() : mNode(Node::instance()), mDirectory(mNode.folder) { gRunning = true; }
+    SocketTransport() : mNode(Node::instance()), mDirectory(mNode.folder, mNode.access.fileMode()) {
+        gRunning = true;
+    }
 
     void startThreadPool() override { mNode.workers.start(); }
     void setMaxThreads(size_t count) override { mNode.workers.setMaxThreads(count); }

@@ -20,6 +20,9 @@ constexpr int kPatienceMs = 5;
 /// How many calls in a row one connection gets while there are more connections than threads.
 constexpr int kTurn = 32;
 
+/// A process has one connection per call that it has under way, and a few at rest.
+constexpr size_t kMostOfAProcess = 512;
+
 constexpr uint32_t kOnce = EPOLLIN | EPOLLRDHUP | EPOLLONESHOT;
 
 }  // namespace
@@ -28,19 +31,23 @@ WorkerPool::WorkerPool()
     : mEpoll(epoll_create1(EPOLL_CLOEXEC)),
       mOneway([this](Connection& connection) { putBack(connection); }) {}
 
-void WorkerPool::add(std::unique_ptr<Connection> connection) {
+bool WorkerPool::add(std::unique_ptr<Connection> connection) {
     Connection& added = *connection;
     if (added.kind() == ConnectionKind::kCall) added.setPatience(kPatienceMs);
     {
         const std::lock_guard<std::mutex> guard(mLock);
+        size_t& count = mByProcess[added.credentials().pid];
+        if (count >= kMostOfAProcess) return false;
+        ++count;
         mConnections.emplace(&added, std::move(connection));
         mConnectionCount = mConnections.size();
     }
     epoll_event event{kOnce, {}};
     event.data.ptr = &added;
-    if (epoll_ctl(mEpoll.get(), EPOLL_CTL_ADD, added.fd(), &event) == 0) return;
+    if (epoll_ctl(mEpoll.get(), EPOLL_CTL_ADD, added.fd(), &event) == 0) return true;
     BINDER_LOGE("a connection cannot be watched: %s", strerror(errno));
     drop(added);
+    return true;
 }
 
 void WorkerPool::start() {
@@ -138,6 +145,8 @@ void WorkerPool::drop(Connection& connection) {
     const auto found = mConnections.find(&connection);
     dropped = std::move(found->second);
     mConnections.erase(found);
+    const auto process = mByProcess.find(dropped->credentials().pid);
+    if (--process->second == 0) mByProcess.erase(process);
     mConnectionCount = mConnections.size();
 }
 

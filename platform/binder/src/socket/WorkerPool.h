@@ -25,7 +25,8 @@ class WorkerPool {
     WorkerPool();
 
     /// Any thread. Calls wait in their sockets until there is a thread to serve them.
-    void add(std::unique_ptr<Connection> connection);
+    /// @return false, and the connection is closed, when its process has as many as one is allowed.
+    bool add(std::unique_ptr<Connection> connection);
 
     void start();
     void setMaxThreads(size_t count);
@@ -50,6 +51,7 @@ class WorkerPool {
 
     std::mutex mLock;
     std::unordered_map<const Connection*, std::unique_ptr<Connection>> mConnections;
+    std::unordered_map<pid_t, size_t> mByProcess;  // how many of them
     bool mStarted = false;
     size_t mMaxThreads = 15;
     size_t mPoolThreads = 0;
