@@ -92,15 +92,17 @@ struct ThreadCache {
 thread_local bool ThreadCache::gone = false;
 thread_local ThreadCache tOwn;
 
-/// Of all threads; never destroyed, because threads may outlive main().
+/// Of all threads. Never destroyed, because threads may outlive main(), and in no memory of the heap, which
+/// may have run out when it is first needed.
 struct SharedCache {
     std::mutex lock;
     Cache cache{kKeptPerProcess};
 };
 
 SharedCache& shared() {
-    static SharedCache& theOne = *new SharedCache;
-    return theOne;
+    alignas(SharedCache) static uint8_t place[sizeof(SharedCache)];
+    static auto* const theOne = new (place) SharedCache;
+    return *theOne;
 }
 
 uint8_t* takeSpare(size_t index) {
