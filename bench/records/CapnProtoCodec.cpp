@@ -183,8 +183,6 @@ class CapnProtoCodec : public Codec {
     kj::Array<capnp::word> mReceived;
 };
 
-}  // namespace
-
 std::unique_ptr<Codec> capnProtoCodec(Message message) {
     switch (message) {
         case Message::kNowPlaying:
@@ -198,4 +196,7 @@ std::unique_ptr<Codec> capnProtoCodec(Message message) {
     return nullptr;
 }
 
+const FormatRegistration kCapnProto({"capnproto", 20, capnProtoCodec});
+
+}  // namespace
 }  // namespace accessory::bench

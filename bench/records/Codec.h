@@ -1,4 +1,4 @@
-// Codec: one message in one format, and the formats that are compared.
+// Codec: one message in one format, and the register of the formats that are compared.
 #pragma once
 
 #include <cstddef>
@@ -22,18 +22,24 @@ class Codec {
     virtual uint64_t decode() = 0;
 };
 
-/// The data records of this library, in a parcel.
-std::unique_ptr<Codec> recordCodec(Message message);
-/// Makes the objects that reading the message makes, and lets go of them: what no reader can fall short of.
+/// A format that takes part.
+struct Format {
+    const char* name;
+    int place;  ///< in the tables; the records come first
+    std::unique_ptr<Codec> (*codec)(Message message);
+};
+
+/// Makes a format known to the program that its source is linked into; a namespace-scope constant.
+struct FormatRegistration {
+    explicit FormatRegistration(const Format& format);
+};
+
+/// The name of this library's own format.
+inline constexpr char kRecords[] = "records";
+
+/// Makes the objects that reading the message as records makes, and lets go of them: what no reader of
+/// records can fall short of.
 uint64_t makeEmptyRecords(Message message);
-/// Protocol Buffers; one message object is cleared and used again.
-std::unique_ptr<Codec> protobufCodec(Message message);
-/// Protocol Buffers; a new message each time, on the heap.
-std::unique_ptr<Codec> protobufNewCodec(Message message);
-/// Protocol Buffers; a new message each time, on an arena that is used again.
-std::unique_ptr<Codec> protobufArenaCodec(Message message);
-/// Cap'n Proto; built in a scratch segment, read where it lies.
-std::unique_ptr<Codec> capnProtoCodec(Message message);
 
 /// The sum of all values that were read: integers as they are, of a string its first character.
 class Sum {

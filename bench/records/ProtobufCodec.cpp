@@ -218,12 +218,9 @@ std::unique_ptr<Codec> codecWith(Message message) {
     return nullptr;
 }
 
+const FormatRegistration kUsedAgain({"protobuf_reused", 10, codecWith<UsedAgain>});
+const FormatRegistration kMadeAnew({"protobuf_new", 11, codecWith<MadeAnew>});
+const FormatRegistration kOnArena({"protobuf_arena", 12, codecWith<OnArena>});
+
 }  // namespace
-
-std::unique_ptr<Codec> protobufCodec(Message message) { return codecWith<UsedAgain>(message); }
-
-std::unique_ptr<Codec> protobufNewCodec(Message message) { return codecWith<MadeAnew>(message); }
-
-std::unique_ptr<Codec> protobufArenaCodec(Message message) { return codecWith<OnArena>(message); }
-
 }  // namespace accessory::bench

@@ -200,8 +200,6 @@ class RecordCodec : public Codec {
     Parcel mParcel;
 };
 
-}  // namespace
-
 std::unique_ptr<Codec> recordCodec(Message message) {
     switch (message) {
         case Message::kNowPlaying:
@@ -213,6 +211,10 @@ std::unique_ptr<Codec> recordCodec(Message message) {
     }
     return nullptr;
 }
+
+const FormatRegistration kOurs({kRecords, 0, recordCodec});
+
+}  // namespace
 
 uint64_t makeEmptyRecords(Message message) {
     switch (message) {

@@ -11,14 +11,15 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <iterator>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "bench/records/Codec.h"
+#include "bench/records/RatioReporter.h"
 #include "bench/support/Heap.h"
-#include "bench/support/RatioReporter.h"
+#include "bench/support/Options.h"
+#include "bench/support/Progress.h"
 
 namespace accessory::bench {
 namespace {
@@ -28,23 +29,17 @@ struct Subject {
     const char* name;
 };
 
-struct Format {
-    const char* name;
-    std::unique_ptr<Codec> (*codec)(Message message);
-};
-
-constexpr char kOurs[] = "records";
 constexpr char kCopy[] = "memcpy";
 constexpr char kEmpty[] = "empty_records";
 
 constexpr Subject kSubjects[] = {{Message::kNowPlaying, "now_playing"},
                                  {Message::kRouteGuidance, "route_guidance"},
                                  {Message::kLibrary, "library_10000"}};
-constexpr Format kFormats[] = {{kOurs, recordCodec},
-                               {"protobuf_reused", protobufCodec},
-                               {"protobuf_new", protobufNewCodec},
-                               {"protobuf_arena", protobufArenaCodec},
-                               {"capnproto", capnProtoCodec}};
+
+std::vector<Format>& formats() {
+    static std::vector<Format> all;
+    return all;
+}
 
 /// Runs @p operation and tells how often it asked for memory each time.
 /// @param bytes  size of the message.
@@ -58,6 +53,8 @@ void measure(benchmark::State& state, size_t bytes, Operation operation) {
     state.counters["bytes"] = static_cast<double>(bytes);
 }
 
+const Format& ours() { return formats().front(); }
+
 void encode(benchmark::State& state, const Format& format, Message message) {
     const auto codec = format.codec(message);
     measure(state, codec->encode(), [&] { return codec->encode(); });
@@ -69,7 +66,7 @@ void decode(benchmark::State& state, const Format& format, Message message) {
 }
 
 void copy(benchmark::State& state, Message message) {
-    const std::vector<char> source(recordCodec(message)->encode());
+    const std::vector<char> source(ours().codec(message)->encode());
     std::vector<char> target(source.size());
     measure(state, source.size(), [&] {
         std::memcpy(target.data(), source.data(), source.size());
@@ -84,58 +81,70 @@ void makeEmpty(benchmark::State& state, Message message) {
 
 using Operation = void (*)(benchmark::State& state, const Format& format, Message message);
 
-void registerFormats(const std::string& what, Operation operation, Message message) {
-    for (const Format& format : kFormats)
+void registerFormats(const Options& options, const std::string& what, Operation operation, Message message) {
+    for (const Format& format : formats()) {
+        if (format.place != 0 && !options.wants(format.name)) continue;
         benchmark::RegisterBenchmark((what + format.name).c_str(), operation, format, message);
+    }
     benchmark::RegisterBenchmark((what + kCopy).c_str(), copy, message);
 }
 
-void registerBenchmarks(const Subject& subject) {
+void registerBenchmarks(const Options& options, const Subject& subject) {
     const std::string encoding = std::string("encode/") + subject.name + '/';
     const std::string decoding = std::string("decode/") + subject.name + '/';
-    registerFormats(encoding, encode, subject.message);
-    registerFormats(decoding, decode, subject.message);
+    registerFormats(options, encoding, encode, subject.message);
+    registerFormats(options, decoding, decode, subject.message);
     benchmark::RegisterBenchmark((decoding + kEmpty).c_str(), makeEmpty, subject.message);
 }
 
 /// Whether every format carries the same values; without that there is nothing to compare.
 bool allFormatsAgree(const Subject& subject) {
-    const uint64_t expected = recordCodec(subject.message)->decode();
-    return std::all_of(std::begin(kFormats), std::end(kFormats), [&](const Format& format) {
+    const uint64_t expected = ours().codec(subject.message)->decode();
+    return std::all_of(formats().begin(), formats().end(), [&](const Format& format) {
         if (format.codec(subject.message)->decode() == expected) return true;
         std::fprintf(stderr, "%s: %s reads other values than the records do\n", subject.name, format.name);
         return false;
     });
 }
 
-/// Defaults that the command line can override: the load of a shared machine must hit all formats alike.
-std::vector<char*> withDefaults(int argc, char** argv) {
-    static char interleaving[] = "--benchmark_enable_random_interleaving=true";
-    static char repetitions[] = "--benchmark_repetitions=9";
-    static char time[] = "--benchmark_min_time=0.1";
-    std::vector<char*> arguments = {argv[0], interleaving, repetitions, time};
-    arguments.insert(arguments.end(), argv + 1, argv + argc);
-    return arguments;
-}
-
-int run(int argc, char** argv) {
-    std::vector<char*> arguments = withDefaults(argc, argv);
+/// Google Benchmark's own options, whose texts it keeps. Its interleaving lets the load of a shared machine
+/// hit all formats alike.
+void initialize(const Options& options) {
+    static std::vector<std::string> texts = {"bench_records", "--benchmark_enable_random_interleaving=true"};
+    texts.emplace_back(
+        options.pick("--benchmark_repetitions=9", "--benchmark_repetitions=5", "--benchmark_repetitions=1"));
+    texts.emplace_back(options.pick("--benchmark_min_time=0.03", "--benchmark_min_time=0.01",
+                                    "--benchmark_min_time=0.0001"));
+    std::vector<char*> arguments;
+    arguments.reserve(texts.size());
+    for (std::string& text : texts)
+        arguments.push_back(text.data());
     auto count = static_cast<int>(arguments.size());
     benchmark::Initialize(&count, arguments.data());
-    if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) return EXIT_FAILURE;
+}
+
+int run(const Options& options) {
+    std::sort(formats().begin(), formats().end(),
+              [](const Format& a, const Format& b) { return a.place < b.place; });
+    initialize(options);
     // The guidance records log every message at DEBUG, which programs in the field keep off.
     __android_log_set_minimum_priority(ANDROID_LOG_INFO);
     for (const Subject& subject : kSubjects) {
+        progress(std::string("records: do all formats agree on ") + subject.name + '?');
         if (!allFormatsAgree(subject)) return EXIT_FAILURE;
-        registerBenchmarks(subject);
+        registerBenchmarks(options, subject);
     }
-    RatioReporter reporter("records",
-                           {"memcpy", "protobuf_reused", "protobuf_new", "protobuf_arena", "capnproto"});
+    progress("records: measuring everything in random turns");
+    RatioReporter reporter(kRecords);
     benchmark::RunSpecifiedBenchmarks(&reporter);
+    writeJson(options.json, "records", reporter.results());
     return EXIT_SUCCESS;
 }
 
 }  // namespace
+
+FormatRegistration::FormatRegistration(const Format& format) { formats().push_back(format); }
+
 }  // namespace accessory::bench
 
-int main(int argc, char** argv) { return accessory::bench::run(argc, argv); }
+int main(int argc, char** argv) { return accessory::bench::run(accessory::bench::parseOptions(argc, argv)); }
