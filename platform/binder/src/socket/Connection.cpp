@@ -16,9 +16,13 @@ namespace android::runtime {
 
 namespace {
 
-/// Room for a frame's body before its size is known. It holds any usual call; what is beyond it comes with
-/// one more system call, right to its place. A connection that rests keeps as much.
+/// As much of a body is received together with the header; what is beyond it comes with one more system call,
+/// right to its place.
 constexpr size_t kUsualBody = 4096;
+
+/// Up to this size a body is sent from one buffer with its header: to copy it costs less than to describe two
+/// buffers to the kernel.
+constexpr size_t kWorthJoining = 2048;
 
 /// From this size on the way through shared memory is the shorter one.
 constexpr size_t kWorthSharing = size_t{16} * 1024;
@@ -54,14 +58,23 @@ status_t Connection::send(const FrameHeader& header, const void* data,
     const bool shared = share(&sent, data);
     const bool offers = !shared && offerBlock(header);
     if (offers) sent.sharing |= kOffersBlock;
+    const size_t streamed = shared ? 0 : header.dataSize;
+    uint8_t joined[sizeof(sent) + kWorthJoining];
     iovec parts[3] = {
         {&sent, sizeof(sent)},
-        {const_cast<void*>(data), shared ? 0 : header.dataSize},
+        {const_cast<void*>(data), streamed},
         {const_cast<ObjectRecord*>(records.data()), records.size() * sizeof(ObjectRecord)},
     };
+    size_t count = records.empty() ? 2 : 3;
+    if (records.empty() && streamed <= kWorthJoining) {
+        std::memcpy(joined, &sent, sizeof(sent));
+        if (streamed > 0) std::memcpy(joined + sizeof(sent), data, streamed);
+        parts[0] = {joined, sizeof(sent) + streamed};
+        count = 1;
+    }
     const int block = offers ? mBlock->fd() : -1;
     const int* const descriptors = offers ? &block : fds.data();
-    switch (sendAll(mFd.get(), parts, records.empty() ? 2 : 3, descriptors, descriptorsOf(sent))) {
+    switch (sendAll(mFd.get(), parts, count, descriptors, descriptorsOf(sent))) {
         case Sent::kAll:
             return NO_ERROR;
         case Sent::kNothing:
@@ -121,33 +134,54 @@ Received Connection::receive(Frame* frame, Wait wait) {
     }
 }
 
-/// One-way connections carry frame after frame, so nothing beyond the current one is taken off the socket. On
-/// the others header and body come with one system call.
 Connection::Progress Connection::readMore(Wait wait) {
-    if (!makeRoom()) return Progress::kEnd;
-    const bool bodyToo = mKind != ConnectionKind::kOneway || headerComplete();
-    const size_t room = headerComplete() ? streamedSize(mFrame.header) : mFrame.body.capacity();
-    iovec parts[2] = {
-        {reinterpret_cast<uint8_t*>(&mFrame.header) + mHeaderBytes, sizeof(FrameHeader) - mHeaderBytes},
-        {mFrame.body.bytes() + mBodyBytes, room - mBodyBytes},
-    };
+    return headerComplete() ? readBody(wait) : readBeginning(wait);
+}
+
+/// One-way connections carry frame after frame, so nothing beyond the current one is taken off the socket. On
+/// the others header and body come with one system call. A connection that rests holds no memory.
+Connection::Progress Connection::readBeginning(Wait wait) {
+    uint8_t beginning[sizeof(FrameHeader) + kUsualBody];
+    const size_t missing = sizeof(FrameHeader) - mHeaderBytes;
+    const size_t room = mKind == ConnectionKind::kOneway ? missing : missing + kUsualBody;
+    size_t got = 0;
+    const Progress progress = take(beginning, room, wait, &got);
+    const size_t ofHeader = std::min(got, missing);
+    std::memcpy(reinterpret_cast<uint8_t*>(&mFrame.header) + mHeaderBytes, beginning, ofHeader);
+    mHeaderBytes += ofHeader;
+    if (progress != Progress::kGoOn || !headerComplete() || !isPlausible(mFrame.header)) return progress;
+    mFrame.body = Block(streamedSize(mFrame.header));
+    if (mFrame.body.bytes() == nullptr) return Progress::kEnd;
+    mBodyBytes = got - ofHeader;
+    std::memcpy(mFrame.body.bytes(), beginning + ofHeader, std::min(mBodyBytes, streamedSize(mFrame.header)));
+    return Progress::kGoOn;
+}
+
+Connection::Progress Connection::readBody(Wait wait) {
+    size_t got = 0;
+    const size_t missing = streamedSize(mFrame.header) - mBodyBytes;
+    const Progress progress = take(mFrame.body.bytes() + mBodyBytes, missing, wait, &got);
+    mBodyBytes += got;
+    return progress;
+}
+
+/// One system call's worth of bytes and descriptors.
+Connection::Progress Connection::take(void* room, size_t size, Wait wait, size_t* got) {
+    iovec part{room, size};
     alignas(cmsghdr) uint8_t control[CMSG_SPACE(kMaxDescriptors * sizeof(int))];
     msghdr message{};
-    message.msg_iov = parts;
-    message.msg_iovlen = bodyToo ? 2 : 1;
+    message.msg_iov = &part;
+    message.msg_iovlen = 1;
     message.msg_control = control;
     message.msg_controllen = sizeof(control);
-    const ssize_t got =
+    const ssize_t received =
         receiveMessage(mFd.get(), &message, MSG_CMSG_CLOEXEC | (wait == Wait::kNo ? MSG_DONTWAIT : 0));
-    if (got < 0) return readFailed(wait);
+    if (received < 0) return readFailed(wait);
     if ((message.msg_controllen > 0 || message.msg_flags != 0) && !noteDescriptors(&message)) {
         return Progress::kEnd;
     }
-    if (got == 0) return Progress::kEnd;
-    const size_t ofHeader = std::min(static_cast<size_t>(got), sizeof(FrameHeader) - mHeaderBytes);
-    mHeaderBytes += ofHeader;
-    mBodyBytes += static_cast<size_t>(got) - ofHeader;
-    return Progress::kGoOn;
+    *got = static_cast<size_t>(received);
+    return received == 0 ? Progress::kEnd : Progress::kGoOn;
 }
 
 Connection::Progress Connection::readFailed(Wait wait) const {
@@ -158,18 +192,6 @@ Connection::Progress Connection::readFailed(Wait wait) const {
     pollfd readable{mFd.get(), POLLIN, 0};
     poll(&readable, 1, -1);
     return Progress::kGoOn;
-}
-
-/// A block before the header is known, and one that holds the whole body once it is.
-bool Connection::makeRoom() {
-    const bool known = headerComplete();
-    const size_t wanted = known ? streamedSize(mFrame.header) : kUsualBody;
-    if (mFrame.body.capacity() >= wanted) return true;
-    Block larger(wanted);
-    if (larger.bytes() == nullptr) return false;
-    if (mBodyBytes > 0) std::memcpy(larger.bytes(), mFrame.body.bytes(), mBodyBytes);
-    mFrame.body = std::move(larger);
-    return true;
 }
 
 bool Connection::noteDescriptors(msghdr* message) {

@@ -99,8 +99,10 @@ class Connection {
     enum class Progress { kGoOn, kNone, kEnd };
 
     Progress readMore(Wait wait);
+    Progress readBeginning(Wait wait);
+    Progress readBody(Wait wait);
+    Progress take(void* room, size_t size, Wait wait, size_t* got);
     Progress readFailed(Wait wait) const;
-    bool makeRoom();
     bool noteDescriptors(msghdr* message);
     bool descriptorsComplete();
     bool headerComplete() const { return mHeaderBytes == sizeof(FrameHeader); }

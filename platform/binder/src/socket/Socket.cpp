@@ -97,7 +97,11 @@ bool readCredentials(int fd, Credentials* out) {
 }
 
 ssize_t sendMessage(int fd, const msghdr* message, int flags) {
-    return syscall(SYS_sendmsg, fd, message, flags);
+    if (message->msg_iovlen != 1 || message->msg_control != nullptr) {
+        return syscall(SYS_sendmsg, fd, message, flags);
+    }
+    const iovec& part = *message->msg_iov;
+    return syscall(SYS_sendto, fd, part.iov_base, part.iov_len, flags, nullptr, 0);
 }
 
 ssize_t receiveMessage(int fd, msghdr* message, int flags) {
