@@ -3,7 +3,7 @@
 
 #include <binder/Parcel.h>
 
-#include "tests/AppleUSBAudio/AudioFixture.h"
+#include "tests/AppleUSBAudio/AudioParts.h"
 #include "tests/AppleUSBAudio/Vectors.h"
 
 namespace accessory::fuzz {

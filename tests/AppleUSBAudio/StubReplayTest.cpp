@@ -1,5 +1,7 @@
 // The fuzzers' properties over a fixed set of inputs: every request spelt by hand, whole, cut at every byte,
 // and with every byte disturbed.
+#include <gtest/gtest.h>
+
 #include "fuzz/usbaudio/StubProperty.h"
 
 namespace accessory::test {
