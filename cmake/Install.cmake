@@ -25,5 +25,7 @@ install(FILES "${PROJECT_BINARY_DIR}/accessoryConfig.cmake" "${PROJECT_BINARY_DI
         DESTINATION "${accessory_package_folder}")
 
 get_filename_component(accessory_android_library_folder "${ANDROID_UTILS_LIBRARY}" DIRECTORY)
+# As the prefix may be another one with 'cmake --install --prefix', the file finds it from where it lies itself.
+string(REGEX REPLACE "[^/]+" ".." accessory_prefix_from_package "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
 configure_file(cmake/accessory.pc.in "${PROJECT_BINARY_DIR}/accessory.pc" @ONLY)
 install(FILES "${PROJECT_BINARY_DIR}/accessory.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")

@@ -101,6 +101,12 @@ void tellReady(int descriptor) {
     close(descriptor);
 }
 
+void farewell(const Report& report) {
+    printf("Served %llu requests and raised %llu events.\n",
+           static_cast<unsigned long long>(report.count(Report::Kind::kRequest)),
+           static_cast<unsigned long long>(report.count(Report::Kind::kEvent)));
+}
+
 int simulate(const Options& options) {
     Scenario scenario;
     if (const std::optional<int> status = load(options.scenario, &scenario)) return *status;
@@ -120,6 +126,7 @@ int simulate(const Options& options) {
     world->start();
     awaitEnd(endSignals);
     world->stop();
+    farewell(*report);
     return kEnded;
 }
 

@@ -2,7 +2,7 @@
 
 namespace accessory::simulator {
 
-EventLoop::EventLoop(double speed) : mSpeed(speed) {}
+EventLoop::EventLoop(double speed) : mSpeed(speed), mJumping(speed == 0) {}
 
 EventLoop::~EventLoop() { stop(); }
 

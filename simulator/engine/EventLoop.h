@@ -19,7 +19,8 @@ class EventLoop {
   public:
     using Action = std::function<void()>;
 
-    /// @param speed simulated per real second; 0: as fast as possible while jumping is allowed, else 1.
+    /// @param speed simulated per real second; 0: time stands still until the first jump, or until something
+    /// is due later; between jumps it passes as in life.
     explicit EventLoop(double speed);
     /// Waits for the action that runs; drops the others.
     ~EventLoop();
@@ -59,7 +60,7 @@ class EventLoop {
     milliseconds mJumpEnd{0};
     std::map<Place, Action> mQueue;
     uint64_t mCount = 0;
-    bool mJumping = false;
+    bool mJumping;  ///< in the beginning: to 0, where time stands still
     bool mStopping = false;
     std::thread mThread;
 };

@@ -44,8 +44,10 @@ bool removeIf(List* list, const Matches& matches) {
 
 uint64_t idOf(const std::string& kind, const std::string& name) {
     if (name.empty()) return 0;
+    std::string text = kind;
+    text.append("\n").append(name);
     uint64_t hash = 0xcbf29ce484222325;  // FNV-1a
-    for (const char character : kind + '\n' + name) {
+    for (const char character : text) {
         hash = (hash ^ static_cast<uint8_t>(character)) * 0x100000001b3;
     }
     return hash;

@@ -16,9 +16,13 @@ bool Document::parse(Json::Value* root) {
     builder["allowTrailingCommas"] = false;
     const std::unique_ptr<Json::CharReader> reader(builder.newCharReader());
     std::string messages;
-    const bool good = reader->parse(mText.data(), mText.data() + mText.size(), root, &messages);
-    if (!good) addSyntaxProblems(messages);
-    return good;
+    try {
+        if (reader->parse(mText.data(), mText.data() + mText.size(), root, &messages)) return true;
+        addSyntaxProblems(messages);
+    } catch (const Json::Exception&) {  // the one thing that the reader does not report
+        addProblem(0, "", "the file is nested too deeply; expected a scenario, see --describe-scenario");
+    }
+    return false;
 }
 
 void Document::addProblem(std::ptrdiff_t offset, const std::string& path, const std::string& problem) {

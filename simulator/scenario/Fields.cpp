@@ -138,7 +138,8 @@ void Fields::texts(const char* name, std::vector<std::string>* values, const cha
     }
 }
 
-void Fields::dictionary(const char* name, std::function<void(const std::string&, const std::string&)> take,
+void Fields::dictionary(const char* name,
+                        const std::function<void(const std::string&, const std::string&)>& take,
                         const char* meaning) {
     if (describing()) return describe(name, "an object of texts", meaning);
     const Json::Value* const found = this->take(name);

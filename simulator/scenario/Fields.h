@@ -42,7 +42,7 @@ class Fields {
     void number(const char* name, Number* value, const char* meaning,
                 int64_t least = std::numeric_limits<Number>::min(),
                 uint64_t most = std::numeric_limits<Number>::max()) {
-        auto read = static_cast<int64_t>(*value);
+        int64_t read = *value + 0;  // an int8_t is a number here, and no character
         integer(name, &read, least, most, meaning);
         *value = static_cast<Number>(read);
     }
@@ -71,7 +71,7 @@ class Fields {
             values->push_back(static_cast<Number>(each));
     }
     /// Texts by names that the scenario makes up.
-    void dictionary(const char* name, std::function<void(const std::string&, const std::string&)> take,
+    void dictionary(const char* name, const std::function<void(const std::string&, const std::string&)>& take,
                     const char* meaning);
 
     /// An object, and a list of objects. @return whether it was there.

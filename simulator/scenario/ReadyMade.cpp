@@ -52,6 +52,7 @@ std::vector<std::string> listScenarios() {
         }
     }
     std::vector<std::string> list;
+    list.reserve(files.size());
     for (const auto& [name, file] : files)
         list.push_back(file);
     return list;

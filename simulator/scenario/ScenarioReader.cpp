@@ -91,8 +91,7 @@ std::vector<std::string> readScenario(const std::string& name, const std::string
     Json::Value root;
     if (!document.parse(&root)) return document.problems();
     if (!root.isObject()) {
-        document.addProblem(0, "",
-                            "the file holds no object; expected { \"name\": ..., \"devices\": [...] }");
+        document.addProblem(0, "", R"(the file holds no object; expected { "name": ..., "devices": [...] })");
         return document.problems();
     }
     *scenario = Scenario();

@@ -14,9 +14,9 @@ using Run = std::function<void(Device&)>;
 using ReadAction = Run (*)(Fields& fields, const DeviceProfile* device);
 
 struct ActionKind {
-    const char* name;
-    const char* meaning;
-    ReadAction read;
+    const char* name = nullptr;
+    const char* meaning = nullptr;
+    ReadAction read = nullptr;
     bool needsAttached = true;
 };
 
@@ -328,8 +328,8 @@ void describeActions(Fields& fields) {
 }
 
 const ActionKind* kindOf(Fields& fields, const std::string& name) {
-    const auto found = std::find_if(std::begin(kActions), std::end(kActions),
-                                    [&](const ActionKind& kind) { return name == kind.name; });
+    const auto* const found = std::find_if(std::begin(kActions), std::end(kActions),
+                                           [&](const ActionKind& kind) { return name == kind.name; });
     if (found != std::end(kActions)) return found;
     std::string expected;
     for (const ActionKind& kind : kActions)

@@ -66,6 +66,17 @@ TEST(EventLoop, LivesOnInRealTimeBehindTheJumps) {
     EXPECT_LT(loop.now(), std::chrono::minutes(10));
 }
 
+TEST(EventLoop, LetsTimeStandStillUntilTheFirstJump) {
+    std::promise<void> ran;
+    EventLoop loop(0);
+    loop.start();
+    loop.post(loop.now(), [&] { ran.set_value(); });
+    ASSERT_EQ(ran.get_future().wait_for(kPatience), std::future_status::ready);
+    const auto begin = std::chrono::steady_clock::now();
+    EXPECT_TRUE(test::eventually([&] { return std::chrono::steady_clock::now() - begin > milliseconds(5); }));
+    EXPECT_EQ(loop.now(), milliseconds(0));
+}
+
 TEST(EventLoop, MakesTimePassFaster) {
     std::promise<void> ran;
     EventLoop loop(100'000);

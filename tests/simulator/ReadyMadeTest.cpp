@@ -38,6 +38,7 @@ TEST_P(ReadyMadeScenario, RunsToItsEnd) {
     const std::string transcript = transcriptOf(GetParam());
     EXPECT_THAT(transcript, HasSubstr("attach("));
     EXPECT_THAT(transcript, HasSubstr("timeline the end"));
+    EXPECT_THAT(transcript, HasSubstr("\nServed 0 requests and raised "));
 }
 
 TEST_P(ReadyMadeScenario, IsTheSameEveryTime) {

@@ -33,6 +33,11 @@ TEST(ScenarioProblems, NameTheLineOfASyntaxError) {
     EXPECT_THAT(problemsOf(""), ElementsAre(StartsWith("f.json:1: Syntax error")));
 }
 
+TEST(ScenarioProblems, NameAFileThatIsNestedTooDeeply) {
+    EXPECT_THAT(problemsOf(std::string(2000, '[')),
+                ElementsAre(HasSubstr("f.json:1: the file is nested too deeply")));
+}
+
 TEST(ScenarioProblems, NameADuplicateKey) {
     EXPECT_THAT(problemsOf("{\"name\": \"x\",\n\"name\": \"y\"}"),
                 testing::Contains(StartsWith("f.json:2: Duplicate key: 'name'")));

@@ -22,6 +22,7 @@ pid_t start(std::vector<std::string> words, int output) {
     posix_spawn_file_actions_adddup2(&actions, output, STDOUT_FILENO);
     posix_spawn_file_actions_adddup2(&actions, output, STDERR_FILENO);
     std::vector<char*> arguments;
+    arguments.reserve(words.size() + 1);
     for (std::string& word : words)
         arguments.push_back(word.data());
     arguments.push_back(nullptr);
@@ -72,10 +73,18 @@ int SimulatorProcess::wait() {
     return *mStatus;
 }
 
-bool SimulatorProcess::readMore() {
+void SimulatorProcess::listen() {
+    while (hasMore(0) && readMore()) {
+    }
+}
+
+bool SimulatorProcess::hasMore(int milliseconds) const {
     pollfd readable{mPipe, POLLIN, 0};
-    const auto patience = static_cast<int>(accessory::test::kPatience.count());
-    if (poll(&readable, 1, patience) <= 0) {
+    return poll(&readable, 1, milliseconds) > 0;
+}
+
+bool SimulatorProcess::readMore() {
+    if (!hasMore(static_cast<int>(accessory::test::kPatience.count()))) {
         ADD_FAILURE() << "the simulator is silent; so far it said:\n" << mOutput;
         signal(SIGKILL);
         return false;

@@ -23,15 +23,20 @@ class SimulatorProcess {
     bool says(const std::string& text);
     bool ready() { return says("ready\n"); }
 
+    pid_t pid() const { return mPid; }
     void signal(int number) const;
 
     /// Reads to the end. @return the exit status, or 128 and the signal that ended it.
     int wait();
 
+    /// Reads what it has printed so far: a process that nobody listens to stands still in the end.
+    void listen();
+
     /// What it has printed as far as it was read.
     const std::string& output() const { return mOutput; }
 
   private:
+    bool hasMore(int milliseconds) const;
     bool readMore();
 
     pid_t mPid = -1;

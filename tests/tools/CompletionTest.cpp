@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 
@@ -13,38 +15,44 @@
 namespace accessory::test {
 namespace {
 
-/// A completion script in a file of its own.
+/// A completion script in a folder of its own, under the name that zsh looks for in such a folder.
 class Script {
   public:
-    explicit Script(const std::string& shell)
-        : mPath(testing::TempDir() + "accessoryctl-completion-" + shell) {
+    explicit Script(const std::string& shell) {
+        std::string folder = testing::TempDir() + "accessoryctl-completion-XXXXXX";
+        EXPECT_NE(mkdtemp(folder.data()), nullptr);
+        mFolder = folder;
         const Ran ran = run({"completion", shell});
         EXPECT_EQ(ran.status, 0);
-        std::ofstream(mPath) << ran.out;
+        std::ofstream(path()) << ran.out;
     }
-    ~Script() { remove(mPath.c_str()); }
+    ~Script() { std::filesystem::remove_all(mFolder); }
     Script(const Script&) = delete;
     Script& operator=(const Script&) = delete;
 
-    const std::string& path() const { return mPath; }
+    const std::string& folder() const { return mFolder; }
+    std::string path() const { return mFolder + "/_accessoryctl"; }
 
   private:
-    const std::string mPath;
+    std::string mFolder;
 };
 
 bool isInstalled(const std::string& shell) {
     return system(("command -v " + shell + " > /dev/null").c_str()) == 0;
 }
 
-/// What bash offers for the last of @p words, in ascending order.
-Words offered(const Script& script, const Words& words) {
-    std::string command = "source " + script.path() + "; COMP_WORDS=(accessoryctl";
+/// The command line as an array of either shell.
+std::string quotedLine(const Words& words) {
+    std::string line = "(accessoryctl";
     for (const std::string& word : words)
-        command += " '" + word + "'";
-    command += "); COMP_CWORD=" + std::to_string(words.size()) +
-               R"(; compopt() { :; }; _accessoryctl; printf '%s\n' "${COMPREPLY[@]}")";
+        line += " '" + word + "'";
+    return line + ")";
+}
+
+/// The lines that @p shell prints when it carries out @p command, in ascending order.
+Words printedBy(const std::string& shell, const std::string& command) {
     setenv("ACCESSORYCTL_SCRIPT", command.c_str(), 1);
-    FILE* const output = popen("bash -c \"$ACCESSORYCTL_SCRIPT\"", "r");
+    FILE* const output = popen((shell + " -c \"$ACCESSORYCTL_SCRIPT\"").c_str(), "r");
     std::string text;
     for (int c = 0; (c = fgetc(output)) != EOF;)
         text += static_cast<char>(c);
@@ -55,6 +63,25 @@ Words offered(const Script& script, const Words& words) {
         if (!line.empty()) all.push_back(line);
     std::sort(all.begin(), all.end());
     return all;
+}
+
+/// What bash offers for the last of @p words.
+Words offered(const Script& script, const Words& words) {
+    return printedBy("bash", "source " + script.path() + "; COMP_WORDS=" + quotedLine(words) +
+                                 "; COMP_CWORD=" + std::to_string(words.size()) +
+                                 R"(; compopt() { :; }; _accessoryctl; printf '%s\n' "${COMPREPLY[@]}")");
+}
+
+/// What zsh offers for the last of @p words when it loads the script for that.
+Words offeredByZsh(const Script& script, const Words& words) {
+    return printedBy("zsh -f", "fpath=(" + script.folder() + "); autoload -Uz _accessoryctl; words=" +
+                                   quotedLine(words) + "; CURRENT=" + std::to_string(words.size() + 1) + R"(
+                                   compadd() {
+                                       while [[ $1 != -- ]]; do shift; done
+                                       shift
+                                       print -rl -- ${(M)@:#${words[CURRENT]}*}
+                                   }
+                                   _accessoryctl)");
 }
 
 /// "Interface.operation" of all services, or of all notifiers, each once, in ascending order.
@@ -79,6 +106,16 @@ TEST(Completion, IsAScriptThatZshAccepts) {
     if (!isInstalled("zsh")) GTEST_SKIP() << "zsh is not installed";
     const Script script("zsh");
     EXPECT_EQ(system(("zsh -n " + script.path()).c_str()), 0);
+}
+
+TEST(Completion, WorksInZshFromTheFirstKeyPress) {
+    if (!isInstalled("zsh")) GTEST_SKIP() << "zsh is not installed";
+    const Script script("zsh");
+    EXPECT_EQ(offeredByZsh(script, {"d"}), (Words{"describe", "doctor", "dump"}));
+    EXPECT_EQ(offeredByZsh(script, {"call", ""}), namesFromRows(false));
+    EXPECT_EQ(offeredByZsh(script, {"call", "IAppleiAP2Manager.launchAPP", ""}),
+              (Words{"accId=", "appId=", "method="}));
+    EXPECT_EQ(offeredByZsh(script, {"watch", "--re"}), (Words{"--reconnect"}));
 }
 
 TEST(Completion, OffersTheOperationsAndEventsOfTheRows) {

@@ -123,7 +123,12 @@ constexpr char kZshPart[] = R"(_accessoryctl() {
         compadd -- ${=offered}
     fi
 }
-compdef _accessoryctl accessoryctl
+# From a folder of $fpath, this file is the body of the function when it is called for the first time.
+if [[ $funcstack[1] == _accessoryctl ]]; then
+    _accessoryctl "$@"
+else
+    compdef _accessoryctl accessoryctl
+fi
 )";
 
 }  // namespace
