@@ -23,6 +23,7 @@ pid_t start(const std::vector<std::string>& command, int output) {
     posix_spawn_file_actions_adddup2(&actions, output, STDOUT_FILENO);
     posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
     std::vector<char*> arguments;
+    arguments.reserve(command.size() + 1);
     for (const std::string& word : command)
         arguments.push_back(const_cast<char*>(word.c_str()));
     arguments.push_back(nullptr);
@@ -46,7 +47,7 @@ void show(const char* label, const char* colourCode, const std::string& line) {
     fflush(stdout);
 }
 
-Program::Program(std::vector<std::string> command, Appearance appearance)
+Program::Program(const std::vector<std::string>& command, Appearance appearance)
     : mAppearance(std::move(appearance)) {
     int ends[2];
     if (pipe2(ends, O_CLOEXEC) != 0) return;
@@ -61,11 +62,15 @@ Program::~Program() {
 }
 
 void Program::relay(FILE* output) {
-    char* line = nullptr;
-    size_t room = 0;
-    for (ssize_t length; (length = getline(&line, &room, output)) > 0;)
-        note(std::string(line, static_cast<size_t>(length) - (line[length - 1] == '\n' ? 1 : 0)));
-    free(line);
+    char part[512];
+    std::string line;
+    while (fgets(part, sizeof(part), output) != nullptr) {
+        line += part;
+        if (line.back() != '\n') continue;
+        line.pop_back();
+        note(line);
+        line.clear();
+    }
     fclose(output);
     const std::lock_guard<std::mutex> guard(mLock);
     mEnded = true;

@@ -29,7 +29,7 @@ struct Appearance {
 class Program {
   public:
     /// Starts @p command, whose first word is the program's file. Its log lines are not shown.
-    Program(std::vector<std::string> command, Appearance appearance);
+    Program(const std::vector<std::string>& command, Appearance appearance);
     /// Kills it if it still runs.
     ~Program();
     Program(const Program&) = delete;

@@ -5,6 +5,7 @@
 #include <binder/ProcessState.h>
 #include <grp.h>
 #include <gtest/gtest.h>
+#include <sys/prctl.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
@@ -33,6 +34,8 @@ void become(uid_t user, gid_t group) {
     ASSERT_EQ(0, setgroups(0, nullptr));
     ASSERT_EQ(0, setgid(group));
     ASSERT_EQ(0, setuid(user));
+    // Which the change of user took away, and the leak sanitizer needs.
+    ASSERT_EQ(0, prctl(PR_SET_DUMPABLE, 1));
 }
 
 /// How many bytes a knock at the socket args[0] is answered with before the door is shut; args[1] says how

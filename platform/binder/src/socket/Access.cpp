@@ -38,7 +38,7 @@ bool isPrimaryGroup(int fd, gid_t group) {
 
 bool isSupplementaryGroup(int fd, gid_t group) {
     std::vector<gid_t> groups(64);
-    socklen_t size = static_cast<socklen_t>(groups.size() * sizeof(gid_t));
+    auto size = static_cast<socklen_t>(groups.size() * sizeof(gid_t));
     int result = getsockopt(fd, SOL_SOCKET, SO_PEERGROUPS, groups.data(), &size);
     if (result != 0 && errno == ERANGE) {
         groups.resize(size / sizeof(gid_t));
