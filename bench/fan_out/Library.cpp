@@ -1,12 +1,13 @@
 // This library: clients register a notifier with the manager, its broadcaster calls one after the other and
 // waits for each answer.
+#include <accessory/AppleiAP2ManagerNotifierAdapter.h>
 #include <accessory/IAppleiAP2Manager.h>
 #include <binder/IPCThreadState.h>
 #include <binder/ProcessState.h>
 
 #include "bench/fan_out/FanOut.h"
 #include "bench/support/IdleManager.h"
-#include "bench/support/IdleNotifier.h"
+
 #include "bench/support/ManagerService.h"
 
 namespace accessory::bench {
@@ -35,7 +36,7 @@ class LibraryBroadcaster : public Broadcaster {
     const sp<android::IBinder> mStub = publishManager(mManager, kName);
 };
 
-class Client : public IdleNotifier {
+class Client : public AppleiAP2ManagerNotifierAdapter {
   public:
     explicit Client(const Heard& heard) : mHeard(heard) {}
 

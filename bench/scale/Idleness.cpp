@@ -1,4 +1,5 @@
 // A service that has served, has a registered client, and is then left alone: nothing in it should wake up.
+#include <accessory/AppleiAP2ManagerNotifierAdapter.h>
 #include <accessory/IAppleiAP2Manager.h>
 
 #include <chrono>
@@ -7,7 +8,7 @@
 #include "bench/scale/Part.h"
 #include "bench/scale/ScaleService.h"
 #include "bench/support/Folder.h"
-#include "bench/support/IdleNotifier.h"
+
 #include "bench/support/ManagerService.h"
 #include "bench/support/ProcessFacts.h"
 #include "bench/support/Progress.h"
@@ -23,7 +24,8 @@ constexpr milliseconds kUntilIdle{500};
 
 void playClient(Channel& conductor, const Arguments& /*arguments*/) {
     const auto manager = managerNamed(kScaleService);
-    const android::sp<IAppleiAP2ManagerNotifier> notifier = new BnAppleiAP2ManagerNotifier(new IdleNotifier);
+    const android::sp<IAppleiAP2ManagerNotifier> notifier =
+        new BnAppleiAP2ManagerNotifier(new AppleiAP2ManagerNotifierAdapter);
     manager->setNotifier(notifier);
     conductor.send({});
     Words never;

@@ -1,4 +1,5 @@
 // Clients register one after the other, each from a process of its own, as the register counts by process.
+#include <accessory/AppleiAP2ManagerNotifierAdapter.h>
 #include <accessory/IAppleiAP2Manager.h>
 
 #include <algorithm>
@@ -8,7 +9,7 @@
 #include "bench/scale/ScaleService.h"
 #include "bench/support/Clock.h"
 #include "bench/support/Folder.h"
-#include "bench/support/IdleNotifier.h"
+
 #include "bench/support/ManagerService.h"
 #include "bench/support/ProcessFacts.h"
 #include "bench/support/Progress.h"
@@ -28,7 +29,8 @@ void playClient(Channel& conductor, const Arguments& /*arguments*/) {
     const auto manager = managerNamed(kScaleService);
     // The first call of a process pays for the connection, and that is not what registering costs.
     manager->getEASessionCount(kAccessory);
-    const sp<IAppleiAP2ManagerNotifier> notifier = new BnAppleiAP2ManagerNotifier(new IdleNotifier);
+    const sp<IAppleiAP2ManagerNotifier> notifier =
+        new BnAppleiAP2ManagerNotifier(new AppleiAP2ManagerNotifierAdapter);
     conductor.send({});
     for (Words order; conductor.receive(&order);) {
         const uint64_t before = nanoseconds();
