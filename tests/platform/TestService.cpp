@@ -331,6 +331,8 @@ CHILD_ROLE(service) {
 
 }  // namespace
 
+sp<IBinder> makeTestService() { return new TestService; }
+
 std::string uniqueServiceName() {
     static std::atomic<int> count{0};
     return "test." + std::to_string(getpid()) + "." + std::to_string(++count);

@@ -68,6 +68,9 @@ class ServiceProcess {
     android::sp<android::IBinder> mObject;
 };
 
+/// A test service, for a process that publishes it itself.
+android::sp<android::IBinder> makeTestService();
+
 /// A name that no other test uses.
 std::string uniqueServiceName();
 

@@ -6,6 +6,7 @@
 #include "AttachedObjects.h"
 #include "Contained.h"
 #include "Log.h"
+#include "OutOfMemory.h"
 #include "Transport.h"
 
 namespace android {
@@ -65,8 +66,10 @@ status_t BpBinder::linkToDeath(const sp<DeathRecipient>& recipient, void* cookie
     if (recipient == nullptr) return BAD_VALUE;
     const std::lock_guard<std::mutex> guard(mLock);
     if (mObituariesSent) return DEAD_OBJECT;
-    mObituaries.push_back({recipient, cookie, flags});
-    return NO_ERROR;
+    return runtime::unlessExhausted([&] {
+        mObituaries.push_back({recipient, cookie, flags});
+        return NO_ERROR;
+    });
 }
 
 status_t BpBinder::unlinkToDeath(const wp<DeathRecipient>& recipient, void* cookie, uint32_t flags,

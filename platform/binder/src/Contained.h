@@ -4,6 +4,7 @@
 #include <cxxabi.h>
 
 #include <exception>
+#include <new>
 #include <optional>
 #include <string>
 
@@ -18,6 +19,8 @@ std::optional<std::string> thrownBy(const Action& action) {
         return std::nullopt;
     } catch (const abi::__forced_unwind&) {
         throw;
+    } catch (const std::bad_alloc&) {
+        return "no memory";  // short enough to need none
     } catch (const std::exception& error) {
         return error.what();
     } catch (...) {

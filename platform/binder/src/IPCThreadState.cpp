@@ -2,7 +2,8 @@
 #include <unistd.h>
 
 #include <atomic>
-#include <memory>
+#include <new>
+#include <utility>
 
 #include "CallerScope.h"
 #include "Transport.h"
@@ -12,7 +13,18 @@ namespace android {
 namespace {
 
 std::atomic<bool> gShutDown{false};
-thread_local std::unique_ptr<IPCThreadState> tState;
+
+/// Holds the thread's state in memory of its own: a call is never served under a wrong identity because there
+/// was none left.
+struct StateOfThread {
+    alignas(IPCThreadState) unsigned char place[sizeof(IPCThreadState)];
+    IPCThreadState* state = nullptr;
+    ~StateOfThread() {
+        if (state != nullptr) std::exchange(state, nullptr)->~IPCThreadState();
+    }
+};
+thread_local StateOfThread tState;
+
 // Outlives tState: whoever asks while the thread is being taken apart gets null instead of a dead object.
 thread_local bool tGone = false;
 
@@ -26,11 +38,11 @@ IPCThreadState::~IPCThreadState() { tGone = true; }
 
 IPCThreadState* IPCThreadState::self() {
     if (gShutDown || tGone) return nullptr;
-    if (tState == nullptr) tState.reset(new IPCThreadState());
-    return tState.get();
+    if (tState.state == nullptr) tState.state = new (tState.place) IPCThreadState();
+    return tState.state;
 }
 
-IPCThreadState* IPCThreadState::selfOrNull() { return gShutDown || tGone ? nullptr : tState.get(); }
+IPCThreadState* IPCThreadState::selfOrNull() { return gShutDown || tGone ? nullptr : tState.state; }
 
 void IPCThreadState::shutdown() { gShutDown = true; }
 

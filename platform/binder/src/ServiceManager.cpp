@@ -3,6 +3,7 @@
 #include <chrono>
 #include <string>
 
+#include "OutOfMemory.h"
 #include "Transport.h"
 
 namespace android {
@@ -34,16 +35,22 @@ class ServiceManager : public IServiceManager {
 
     status_t addService(const String16& name, const sp<IBinder>& service, bool /*allowIsolated*/,
                         int /*dumpsysFlags*/) override {
-        const std::string plain = usableName(name);
-        if (plain.empty() || service == nullptr || service->localBinder() == nullptr) return BAD_VALUE;
-        return runtime::Transport::instance().publish(plain, service->localBinder());
+        return runtime::unlessExhausted([&] {
+            const std::string plain = usableName(name);
+            if (plain.empty() || service == nullptr || service->localBinder() == nullptr) {
+                return static_cast<status_t>(BAD_VALUE);
+            }
+            return runtime::Transport::instance().publish(plain, service->localBinder());
+        });
     }
 
     Vector<String16> listServices(int /*dumpsysFlags*/) override {
         Vector<String16> names;
-        for (const std::string& name : runtime::Transport::instance().names()) {
-            names.add(String16(name.c_str()));
-        }
+        runtime::unlessExhausted([&] {
+            for (const std::string& name : runtime::Transport::instance().names())
+                names.add(String16(name.c_str()));
+            return NO_ERROR;
+        });
         return names;
     }
 
@@ -52,8 +59,13 @@ class ServiceManager : public IServiceManager {
 
   private:
     static sp<IBinder> find(const String16& name, std::chrono::milliseconds patience) {
-        const std::string plain = usableName(name);
-        return plain.empty() ? nullptr : runtime::Transport::instance().find(plain, patience);
+        sp<IBinder> found;
+        runtime::unlessExhausted([&] {
+            const std::string plain = usableName(name);
+            if (!plain.empty()) found = runtime::Transport::instance().find(plain, patience);
+            return NO_ERROR;
+        });
+        return found;
     }
 };
 

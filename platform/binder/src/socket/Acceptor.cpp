@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <sys/epoll.h>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -11,6 +12,7 @@
 #include <utility>
 
 #include "../Log.h"
+#include "../OutOfMemory.h"
 #include "Node.h"
 
 namespace android::runtime {
@@ -33,37 +35,60 @@ bool isUsable(const Hello& hello, const PeerId& own) {
 
 }  // namespace
 
-Acceptor::Acceptor(Node& node)
-    : mNode(node), mListener(node.folder.listen(node.id.toString(), node.access.fileMode())) {
-    if (!mListener.isOpen()) {
-        BINDER_LOGE("no socket in the runtime folder '%s': %s", node.folder.path().c_str(), strerror(errno));
-        return;
+bool Acceptor::open() {
+    const std::lock_guard<std::mutex> guard(mLock);
+    if (isOpenLocked()) return true;
+    // Nobody else has the name, so what lies there is of no use.
+    unlink(mNode.folder.pathOf(mNode.id.toString()).c_str());
+    auto listener =
+        std::make_shared<const RuntimeFd>(mNode.folder.listen(mNode.id.toString(), mNode.access.fileMode()));
+    if (!listener->isOpen()) {
+        BINDER_LOGE("no socket in the runtime folder '%s': %s", mNode.folder.path().c_str(), strerror(errno));
+        return false;
     }
-    mNode.reactor.after(0ms, [this] { open(); });
+    const uint64_t watch = watchListener(listener);
+    if (mWatch != 0) mNode.reactor.forget(mWatch, mListener->get());
+    mWatch = watch;
+    mListener = std::move(listener);
+    return true;
 }
 
-void Acceptor::open() {
-    mWatch = mNode.reactor.watch(mListener.get(), EPOLLIN, [this](uint32_t) { acceptAll(); });
+/// A socket without its name is one that nobody finds.
+bool Acceptor::isOpenLocked() const {
+    struct stat state {};
+    return mListener != nullptr && lstat(mNode.folder.pathOf(mNode.id.toString()).c_str(), &state) == 0 &&
+           S_ISSOCK(state.st_mode);
 }
 
-void Acceptor::acceptAll() {
+uint64_t Acceptor::watchListener(const Listener& listener) {
+    return mNode.reactor.watch(listener->get(), EPOLLIN, [this, listener](uint32_t) { acceptAll(listener); });
+}
+
+void Acceptor::rewatch() {
+    const std::lock_guard<std::mutex> guard(mLock);
+    if (mWatch == 0) mWatch = patiently([this] { return watchListener(mListener); });
+}
+
+void Acceptor::acceptAll(const Listener& listener) {
     for (;;) {
-        auto greeting = std::make_shared<Greeting>();
-        greeting->fd = RuntimeFd(accept4(mListener.get(), nullptr, nullptr, SOCK_CLOEXEC));
+        auto greeting = patiently([] { return std::make_shared<Greeting>(); });
+        greeting->fd = RuntimeFd(accept4(listener->get(), nullptr, nullptr, SOCK_CLOEXEC));
         if (greeting->fd.isOpen()) {
             greet(greeting);
         } else if (errno == EMFILE || errno == ENFILE || errno == ENOMEM || errno == ENOBUFS) {
-            return pause();
+            return pause(listener);
         } else if (errno != EINTR && errno != ECONNABORTED) {
             return;
         }
     }
 }
 
-void Acceptor::pause() {
+void Acceptor::pause(const Listener& listener) {
     BINDER_LOGE("callers have to wait at the door: %s", strerror(errno));
-    mNode.reactor.forget(mWatch, mListener.get());
-    mNode.reactor.after(kPause, [this] { open(); });
+    const std::lock_guard<std::mutex> guard(mLock);
+    if (mListener != listener) return;
+    patiently([this] { mNode.reactor.after(kPause, [this] { rewatch(); }); });
+    mNode.reactor.forget(std::exchange(mWatch, 0), listener->get());
 }
 
 /// Usually the Hello is there already; a caller who takes his time must not hold up the others.
@@ -71,37 +96,44 @@ void Acceptor::greet(const std::shared_ptr<Greeting>& greeting) {
     const ssize_t got = recv(greeting->fd.get(), reinterpret_cast<char*>(&greeting->hello) + greeting->bytes,
                              sizeof(Hello) - greeting->bytes, MSG_DONTWAIT);
     if (got > 0) greeting->bytes += static_cast<size_t>(got);
-    const bool waiting = got > 0 ? greeting->bytes < sizeof(Hello) : got < 0 && errno == EAGAIN;
+    const bool waiting = got > 0 ? greeting->bytes < sizeof(Hello) : got < 0 && isPassing(errno);
     if (waiting && greeting->watch == 0) return listenOn(greeting);
     if (waiting) return;
     if (greeting->watch != 0) mNode.reactor.forget(greeting->watch, greeting->fd.get());
-    if (greeting->bytes == sizeof(Hello)) admit(std::move(greeting->fd), greeting->hello);
+    if (greeting->bytes == sizeof(Hello)) admit(&greeting->fd, greeting->hello);
     greeting->fd.reset();
 }
 
 void Acceptor::listenOn(const std::shared_ptr<Greeting>& greeting) {
-    greeting->watch =
-        mNode.reactor.watch(greeting->fd.get(), EPOLLIN, [this, greeting](uint32_t) { greet(greeting); });
-    mNode.reactor.after(kGreetingTime, [this, waiting = std::weak_ptr<Greeting>(greeting)] {
+    patiently([&] {
+        greeting->watch =
+            mNode.reactor.watch(greeting->fd.get(), EPOLLIN, [this, greeting](uint32_t) { greet(greeting); });
+    });
+    const auto giveUp = [this, waiting = std::weak_ptr<Greeting>(greeting)] {
         const auto late = waiting.lock();
         if (late == nullptr || !late->fd.isOpen()) return;
         mNode.reactor.forget(late->watch, late->fd.get());
         late->fd.reset();
-    });
+    };
+    patiently([&] { mNode.reactor.after(kGreetingTime, giveUp); });
 }
 
-void Acceptor::admit(RuntimeFd fd, const Hello& hello) {
+/// A connection that is closed here looks to its caller like the end of this process, so each step waits for
+/// the memory that it needs.
+void Acceptor::admit(RuntimeFd* fd, const Hello& hello) {
     Credentials credentials;
-    if (!readCredentials(fd.get(), &credentials)) return;
-    if (!mNode.access.admits(fd.get(), credentials))
+    if (!readCredentials(fd->get(), &credentials)) return;
+    if (!mNode.access.admits(fd->get(), credentials))
         return mRefusals.tell(credentials, "it is another user's");
     if (!isUsable(hello, mNode.id)) {
         return mRefusals.tell(credentials, "it does not speak this version of the protocol");
     }
-    const std::shared_ptr<Peer> peer = mNode.peers.get(hello.sender);
-    if (hello.kind == ConnectionKind::kLink) return peer->adoptLink(std::move(fd), credentials);
-    auto connection = std::make_unique<Connection>(std::move(fd), hello.kind, peer, credentials);
-    if (!mNode.workers.add(std::move(connection))) mRefusals.tell(credentials, "it has too many connections");
+    const std::shared_ptr<Peer> peer = patiently([&] { return mNode.peers.get(hello.sender); });
+    if (hello.kind == ConnectionKind::kLink) return patiently([&] { peer->adoptLink(fd, credentials); });
+    auto connection = patiently(
+        [&] { return std::make_unique<Connection>(std::move(*fd), hello.kind, peer, credentials); });
+    const bool added = patiently([&] { return mNode.workers.add(&connection); });
+    if (!added) mRefusals.tell(credentials, "it has too many connections");
 }
 
 }  // namespace android::runtime

@@ -6,6 +6,7 @@
 #include "../CallerScope.h"
 #include "../Contained.h"
 #include "../Log.h"
+#include "../OutOfMemory.h"
 #include "../Transport.h"
 #include "Node.h"
 #include "ParcelCodec.h"
@@ -96,6 +97,14 @@ status_t awaitReply(Connection& connection, Parcel* reply, bool* intact) {
             *intact = true;
             return takeReply(&frame, reply);
         }
+        if (received == Received::kTooLarge && frame.header.kind == FrameKind::kReply) {
+            *intact = true;
+            return NO_MEMORY;
+        }
+        if (received == Received::kTooLarge && frame.header.kind == FrameKind::kCall) {
+            if (refuseCall(connection, NO_MEMORY)) continue;
+            return DEAD_OBJECT;
+        }
         if (received == Received::kFrame && frame.header.kind == FrameKind::kCall) {
             if (serveCall(connection, &frame)) continue;
             return DEAD_OBJECT;
@@ -157,20 +166,21 @@ bool serveCall(Connection& connection, Frame* frame) {
         return sendReply(connection, FAILED_TRANSACTION, Parcel());
     }
     Parcel reply;
-    status_t status = NO_ERROR;
-    {
+    const status_t status = unlessExhausted([&] {
         const Active active(connection);
         const CallerScope caller(connection.credentials().pid, connection.credentials().uid, header.flags);
-        status = transactContained(*object, header.code, data, &reply, header.flags);
-    }
+        return transactContained(*object, header.code, data, &reply, header.flags);
+    });
     return sendReply(connection, status, reply);
 }
 
-OnewayCall::OnewayCall(Connection& connection, Frame* frame)
-    : object(Node::instance().exports.find(frame->header.target)),
-      code(frame->header.code),
-      flags(frame->header.flags),
-      caller(connection.credentials()) {
+bool refuseCall(Connection& connection, status_t status) { return sendReply(connection, status, Parcel()); }
+
+void OnewayCall::take(const Connection& connection, Frame* frame) {
+    object = Node::instance().exports.find(frame->header.target);
+    code = frame->header.code;
+    flags = frame->header.flags;
+    caller = connection.credentials();
     decode(frame, &data);
 }
 

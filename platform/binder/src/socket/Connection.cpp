@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "../Log.h"
+#include "../OutOfMemory.h"
 
 namespace android::runtime {
 
@@ -107,10 +108,7 @@ bool Connection::offerBlock(const FrameHeader& header) {
     return true;
 }
 
-bool Connection::hasRoom(int milliseconds) const {
-    pollfd room{mFd.get(), POLLOUT, 0};
-    return poll(&room, 1, milliseconds) != 0;
-}
+bool Connection::hasRoom(int milliseconds) const { return awaitEvents(mFd.get(), POLLOUT, milliseconds); }
 
 Received Connection::receive(Frame* frame, Wait wait) {
     for (;;) {
@@ -128,9 +126,10 @@ Received Connection::receive(Frame* frame, Wait wait) {
         // The other end has to wait for us before it may say more.
         if (mBodyBytes > streamedSize(mFrame.header)) return Received::kBroken;
         if (!descriptorsComplete() || !takeSharing()) return Received::kBroken;
-        if (!areRecordsSound(mFrame.header, mFrame.body.bytes())) return Received::kBroken;
+        const bool exhausted = isExhausted();
+        if (!exhausted && !areRecordsSound(mFrame.header, mFrame.body.bytes())) return Received::kBroken;
         finish(frame);
-        return Received::kFrame;
+        return exhausted ? Received::kTooLarge : Received::kFrame;
     }
 }
 
@@ -151,18 +150,28 @@ Connection::Progress Connection::readBeginning(Wait wait) {
     mHeaderBytes += ofHeader;
     if (progress != Progress::kGoOn || !headerComplete() || !isPlausible(mFrame.header)) return progress;
     mFrame.body = Block(streamedSize(mFrame.header));
-    if (mFrame.body.bytes() == nullptr) return Progress::kEnd;
     mBodyBytes = got - ofHeader;
-    std::memcpy(mFrame.body.bytes(), beginning + ofHeader, std::min(mBodyBytes, streamedSize(mFrame.header)));
+    if (!isExhausted()) {
+        const size_t ofBody = std::min(mBodyBytes, streamedSize(mFrame.header));
+        std::memcpy(mFrame.body.bytes(), beginning + ofHeader, ofBody);
+    }
     return Progress::kGoOn;
 }
 
 Connection::Progress Connection::readBody(Wait wait) {
     size_t got = 0;
     const size_t missing = streamedSize(mFrame.header) - mBodyBytes;
-    const Progress progress = take(mFrame.body.bytes() + mBodyBytes, missing, wait, &got);
+    const Progress progress = isExhausted() ? passOver(missing, wait, &got)
+                                            : take(mFrame.body.bytes() + mBodyBytes, missing, wait, &got);
     mBodyBytes += got;
     return progress;
+}
+
+/// A body that there is no memory for is taken off the stream all the same, so that the next frame can
+/// follow.
+Connection::Progress Connection::passOver(size_t missing, Wait wait, size_t* got) {
+    uint8_t dropped[kUsualBody];
+    return take(dropped, std::min(missing, sizeof(dropped)), wait, got);
 }
 
 /// One system call's worth of bytes and descriptors.
@@ -186,11 +195,10 @@ Connection::Progress Connection::take(void* room, size_t size, Wait wait, size_t
 
 Connection::Progress Connection::readFailed(Wait wait) const {
     if (errno == EINTR) return wait == Wait::kForever ? Progress::kGoOn : Progress::kNone;
-    if (errno != EAGAIN) return Progress::kEnd;
+    if (!isPassing(errno)) return Progress::kEnd;
     if (wait != Wait::kForever) return Progress::kNone;
     // The socket's time limit serves Wait::kBriefly; a longer wait must not wake up for it again and again.
-    pollfd readable{mFd.get(), POLLIN, 0};
-    poll(&readable, 1, -1);
+    awaitEvents(mFd.get(), POLLIN, -1);
     return Progress::kGoOn;
 }
 
@@ -199,7 +207,8 @@ bool Connection::noteDescriptors(msghdr* message) {
         if (part->cmsg_level != SOL_SOCKET || part->cmsg_type != SCM_RIGHTS) continue;
         const size_t count = (part->cmsg_len - CMSG_LEN(0)) / sizeof(int);
         const size_t before = mFrame.fds.size();
-        mFrame.fds.resize(before + count);
+        // Without a place here nobody would ever close them.
+        patiently([&] { mFrame.fds.resize(before + count); });
         std::memcpy(&mFrame.fds[before], CMSG_DATA(part), count * sizeof(int));
     }
     mDescriptorsLost = mDescriptorsLost || (message->msg_flags & MSG_CTRUNC) != 0;
@@ -210,7 +219,9 @@ bool Connection::noteDescriptors(msghdr* message) {
 /// the call goes on.
 bool Connection::descriptorsComplete() {
     const size_t announced = descriptorsOf(mFrame.header);
-    if (mDescriptorsLost && mFrame.fds.size() < announced) mFrame.fds.resize(announced, -1);
+    if (mDescriptorsLost && mFrame.fds.size() < announced) {
+        patiently([&] { mFrame.fds.resize(announced, -1); });
+    }
     return mFrame.fds.size() == announced;
 }
 
@@ -236,9 +247,12 @@ bool Connection::fetchData() {
     if (mView == nullptr) return false;
     const FrameHeader& header = mFrame.header;
     Block whole(bodySize(header));
-    if (whole.bytes() == nullptr) return false;
-    std::memcpy(whole.bytes(), mView->bytes(), header.dataSize);
-    std::memcpy(whole.bytes() + header.dataSize, mFrame.body.bytes(), streamedSize(header));
+    if (whole.bytes() != nullptr && !isExhausted()) {
+        std::memcpy(whole.bytes(), mView->bytes(), header.dataSize);
+        std::memcpy(whole.bytes() + header.dataSize, mFrame.body.bytes(), streamedSize(header));
+    } else {
+        whole = Block();
+    }
     mFrame.body = std::move(whole);
     return true;
 }

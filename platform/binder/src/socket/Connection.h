@@ -56,6 +56,7 @@ enum class Received {
     kNothing,  ///< not (yet) a whole frame; only when asked not to wait, or after the socket's own time limit
     kClosed,   ///< by the other end, or by an error of the socket
     kBroken,   ///< what came is no frame; the connection is useless now
+    kTooLarge  ///< a frame for which there is no memory: it has no body, and is gone; the connection is good
 };
 
 enum class Wait { kNo, kBriefly, kForever };
@@ -101,11 +102,14 @@ class Connection {
     Progress readMore(Wait wait);
     Progress readBeginning(Wait wait);
     Progress readBody(Wait wait);
+    Progress passOver(size_t missing, Wait wait, size_t* got);
     Progress take(void* room, size_t size, Wait wait, size_t* got);
     Progress readFailed(Wait wait) const;
     bool noteDescriptors(msghdr* message);
     bool descriptorsComplete();
     bool headerComplete() const { return mHeaderBytes == sizeof(FrameHeader); }
+    /// Once the header is complete: whether there was no memory for the body.
+    bool isExhausted() const { return mFrame.body.bytes() == nullptr; }
     bool bodyComplete() const { return headerComplete() && mBodyBytes >= streamedSize(mFrame.header); }
     bool share(FrameHeader* header, const void* data);
     bool offerBlock(const FrameHeader& header);

@@ -1,6 +1,7 @@
 #include "Exports.h"
 
 #include <algorithm>
+#include <new>
 #include <utility>
 
 namespace android::runtime {
@@ -13,13 +14,24 @@ sp<BBinder> Exports::find(const Token& token) {
 
 Token Exports::lend(const sp<BBinder>& object, const PeerId& holder) {
     const std::lock_guard<std::mutex> guard(mLock);
-    const auto [known, isNew] = mTokens.try_emplace(object.get());
-    if (isNew) {
-        known->second = Token(Secret::random());
-        mByToken[known->second].object = object;
-    }
+    const auto known = mTokens.find(object.get());
+    if (known == mTokens.end()) return enterLocked(object, holder);
     ++mByToken[known->second].holders[holder];
     return known->second;
+}
+
+/// In both tables, or, when there is no memory, in neither.
+Token Exports::enterLocked(const sp<BBinder>& object, const PeerId& holder) {
+    const Token token(Secret::random());
+    Export entry{object, {{holder, 1}}};
+    const auto named = mTokens.emplace(object.get(), token).first;
+    try {
+        mByToken.emplace(token, std::move(entry));
+    } catch (const std::bad_alloc&) {
+        mTokens.erase(named);
+        throw;
+    }
+    return token;
 }
 
 sp<BBinder> Exports::adjust(const Token& token, const PeerId& holder, int64_t change) {
@@ -36,6 +48,8 @@ sp<BBinder> Exports::adjust(const Token& token, const PeerId& holder, int64_t ch
 Exports::Objects Exports::dropHolder(const PeerId& holder) {
     Objects unheld;
     const std::lock_guard<std::mutex> guard(mLock);
+    // Room for all first, so that none is lost for want of it half way.
+    unheld.reserve(mByToken.size());
     for (auto entry = mByToken.begin(); entry != mByToken.end();) {
         const auto current = entry++;
         if (current->second.holders.erase(holder) > 0 && !isHeld(current->second)) {

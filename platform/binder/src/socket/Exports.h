@@ -47,6 +47,7 @@ class Exports {
     using Table = std::unordered_map<Token, Export, SecretHash>;
 
     static bool isHeld(const Export& entry);
+    Token enterLocked(const sp<BBinder>& object, const PeerId& holder);
     sp<BBinder> eraseLocked(Table::iterator entry);
 
     std::mutex mLock;

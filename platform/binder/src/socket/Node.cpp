@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "../Log.h"
+#include "../OutOfMemory.h"
 #include "RuntimeFolder.h"
 
 namespace android::runtime {
@@ -53,34 +54,56 @@ Node& Node::instance() {
     return *node;
 }
 
-Node::Node() : id(Secret::random()), folder(prepareRuntimeFolder(access)), peers(*this), mAcceptor(*this) {}
+Node::Node()
+    : folder(chooseRuntimeFolder()),
+      peers(*this),
+      notices([this] { patiently([this] { reactor.after(kPause, [this] { notices.ensureRunning(); }); }); }),
+      mAcceptor(*this) {}
+
+bool Node::prepare() {
+    const std::lock_guard<std::mutex> guard(mPreparing);
+    return prepareRuntimeFolder(folder.path(), access) && reactor.start() && workers.open() &&
+           mAcceptor.open();
+}
 
 sp<IBinder> Node::comeHome(const Token& token) {
     const sp<BBinder> object = exports.find(token);
     if (object == nullptr) return nullptr;
-    sp<BBinder> unheld = exports.adjust(token, homecoming(), -1);
-    if (unheld != nullptr) letGo({std::move(unheld)});
+    letGo(patiently([&] { return exports.adjust(token, homecoming(), -1); }));
     return object;
 }
 
 sp<BBinder> Node::credit(const Token& token, const PeerId& beneficiary, int64_t change) {
-    if (beneficiary == id) return exports.adjust(token, homecoming(), change);
-    sp<BBinder> unheld = exports.adjust(token, beneficiary, change);
+    const PeerId& holder = beneficiary == id ? homecoming() : beneficiary;
+    sp<BBinder> unheld = patiently([&] { return exports.adjust(token, holder, change); });
     // Connecting may wait, which the reactor must not.
-    notices.post([this, beneficiary] { watchOver(beneficiary); });
+    if (beneficiary != id) notify([this, beneficiary] { watchOver(beneficiary); });
     return unheld;
 }
 
 void Node::watchOver(const PeerId& holder) {
-    const std::shared_ptr<Peer> peer = peers.get(holder);
+    const std::shared_ptr<Peer> peer = patiently([&] { return peers.get(holder); });
     // One that is found dead loses its references at once.
-    if (peer->ensureLinked() || peer->isDead()) return;
-    reactor.after(kPause, [this, holder] { notices.post([this, holder] { watchOver(holder); }); });
+    if (patiently([&] { return peer->ensureLinked(); }) || peer->isDead()) return;
+    patiently(
+        [&] { reactor.after(kPause, [this, holder] { notify([this, holder] { watchOver(holder); }); }); });
 }
 
+/// The notice empties what it shares with this function, so that the last reference ends there.
 void Node::letGo(Exports::Objects objects) {
     if (objects.empty()) return;
-    notices.post([objects = std::move(objects)]() mutable { objects.clear(); });
+    const auto kept = patiently([&] { return std::make_shared<Exports::Objects>(std::move(objects)); });
+    patiently([&] { notices.post([kept] { kept->clear(); }); });
+}
+
+void Node::letGo(sp<BBinder> object) {
+    if (object == nullptr) return;
+    const auto kept = patiently([&] { return std::make_shared<sp<BBinder>>(std::move(object)); });
+    patiently([&] { notices.post([kept] { *kept = nullptr; }); });
+}
+
+void Node::startWorkers() {
+    if (!workers.start()) patiently([this] { reactor.after(kPause, [this] { startWorkers(); }); });
 }
 
 }  // namespace android::runtime

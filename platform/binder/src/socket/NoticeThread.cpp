@@ -9,11 +9,22 @@
 namespace android::runtime {
 
 void NoticeThread::post(Notice notice) {
-    const std::lock_guard<std::mutex> guard(mLock);
-    mNotices.push_back(std::move(notice));
-    mArrived.notify_one();
-    if (mStarted) return;
-    mStarted = startRuntimeThread("binder-notices", [this] { run(); });
+    {
+        const std::lock_guard<std::mutex> guard(mLock);
+        mNotices.push_back(std::move(notice));
+        mArrived.notify_one();
+        if (mStarted) return;
+    }
+    ensureRunning();
+}
+
+void NoticeThread::ensureRunning() {
+    {
+        const std::lock_guard<std::mutex> guard(mLock);
+        if (!mStarted) mStarted = startRuntimeThread("binder-notices", [this] { run(); });
+        if (mStarted) return;
+    }
+    mRetry();
 }
 
 void NoticeThread::run() {

@@ -5,6 +5,7 @@
 #include <deque>
 #include <functional>
 #include <mutex>
+#include <utility>
 
 namespace android::runtime {
 
@@ -15,11 +16,19 @@ class NoticeThread {
   public:
     using Notice = std::function<void()>;
 
+    /// @param retry called when the system has no thread left: to call run() again some time later.
+    explicit NoticeThread(std::function<void()> retry) : mRetry(std::move(retry)) {}
+
     /// Runs @p notice soon, after all that were posted before. Any thread.
     void post(Notice notice);
 
+    /// Sees to it that there is a thread for what was posted.
+    void ensureRunning();
+
   private:
     void run();
+
+    const std::function<void()> mRetry;
 
     std::mutex mLock;
     std::condition_variable mArrived;

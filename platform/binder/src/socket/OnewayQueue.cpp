@@ -1,5 +1,7 @@
 #include "OnewayQueue.h"
 
+#include <new>
+
 namespace android::runtime {
 
 namespace {
@@ -11,11 +13,18 @@ size_t sizeOf(const OnewayCall& call) { return sizeof(call) + call.data.dataCapa
 
 }  // namespace
 
-bool OnewayQueue::push(std::unique_ptr<OnewayCall> call) {
+bool OnewayQueue::push(std::unique_ptr<OnewayCall>* call) {
     const std::lock_guard<std::mutex> guard(mLock);
-    mBytes += sizeOf(*call);
-    const auto [queue, isIdle] = mBusy.try_emplace(call->object.get());
-    queue->second.push_back(std::move(call));
+    const size_t size = sizeOf(**call);
+    const auto [queue, isIdle] = mBusy.try_emplace((*call)->object.get());
+    try {
+        queue->second.push_back(std::move(*call));
+    } catch (const std::bad_alloc&) {
+        // An object that counts as busy and is not would never be called again.
+        if (isIdle) mBusy.erase(queue);
+        throw;
+    }
+    mBytes += size;
     return isIdle;
 }
 

@@ -26,8 +26,9 @@ class OnewayQueue {
     /// @param resume called, on the thread that drains, for a connection that was left alone.
     explicit OnewayQueue(Resume resume) : mResume(std::move(resume)) {}
 
+    /// Takes the call over; leaves it with the caller when there is no memory, which std::bad_alloc tells.
     /// @return true when nobody is running calls of this object: the caller must drain() it then.
-    bool push(std::unique_ptr<OnewayCall> call);
+    bool push(std::unique_ptr<OnewayCall>* call);
 
     /// Whether more may be taken off @p connection now; if not, it is resumed later.
     bool hasRoom(Connection& connection);

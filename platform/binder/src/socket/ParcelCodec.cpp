@@ -7,6 +7,7 @@
 
 #include "../FlatObject.h"
 #include "../Log.h"
+#include "../OutOfMemory.h"
 #include "../ParcelAccess.h"
 #include "Connection.h"
 #include "Node.h"
@@ -28,7 +29,8 @@ status_t checkSendable(const Parcel& parcel) {
 
 EncodedParcel::EncodedParcel(const Parcel& parcel, Peer& receiver)
     : mParcel(parcel), mReceiver(receiver), mStatus(checkSendable(parcel)) {
-    if (mStatus == NO_ERROR && parcel.objectsCount() > 0) encodeObjects();
+    if (mStatus != NO_ERROR || parcel.objectsCount() == 0) return;
+    mStatus = unlessExhausted([this] { return encodeObjects(); });
 }
 
 EncodedParcel::~EncodedParcel() {
@@ -38,7 +40,7 @@ EncodedParcel::~EncodedParcel() {
         owner->tellNotPassedOn(token, mReceiver.id());
 }
 
-void EncodedParcel::encodeObjects() {
+status_t EncodedParcel::encodeObjects() {
     mBlanked.assign(mParcel.data(), mParcel.data() + ParcelAccess::size(mParcel));
     for (const ParcelAccess::Object& object : ParcelAccess::objects(mParcel)) {
         std::memset(&mBlanked[object.offset], 0, sizeof(flat_binder_object));
@@ -49,24 +51,29 @@ void EncodedParcel::encodeObjects() {
             mFds.push_back(object.fd);
         }
     }
-    if (mFds.size() <= kMaxDescriptors) return;
+    if (mFds.size() <= kMaxDescriptors) return NO_ERROR;
     BINDER_LOGE("a parcel of %zu descriptors is refused; %zu are the most", mFds.size(), kMaxDescriptors);
-    mStatus = FAILED_TRANSACTION;
+    return FAILED_TRANSACTION;
 }
 
+/// What is lent or passed on is noted down for sure: there is room for it before anybody is told.
 void EncodedParcel::encodeBinder(size_t offset, const sp<IBinder>& binder) {
+    const size_t most = mParcel.objectsCount();
+    mRecords.reserve(most);
     ObjectRecord record;
     record.offset = static_cast<uint32_t>(offset);
     if (BBinder* const local = binder->localBinder()) {
         record.owner = Node::instance().id;
+        mLent.reserve(most);
         record.token = mReceiver.lend(local);
         if (record.token) mLent.push_back(record.token);
     } else if (BpBinder* const proxy = binder->remoteBinder()) {
         const auto& remote = static_cast<SocketRemote&>(proxy->remoteObject());
         record.owner = remote.peer().id();
         record.token = remote.token();
-        mPassedOn.emplace_back(remote.peer().shared_from_this(), remote.token());
+        mPassedOn.reserve(most);
         remote.peer().tellPassingOn(remote.token(), mReceiver.id());
+        mPassedOn.emplace_back(remote.peer().shared_from_this(), remote.token());
     }
     mRecords.push_back(record);
 }
@@ -87,8 +94,9 @@ namespace {
 sp<IBinder> objectOf(const ObjectRecord& record) {
     Node& node = Node::instance();
     if (!record.owner || !record.token) return nullptr;
-    return record.owner == node.id ? node.comeHome(record.token)
-                                   : node.peers.get(record.owner)->receive(record.token);
+    if (record.owner == node.id) return node.comeHome(record.token);
+    // A reference that was received and not noted down would never be given back.
+    return patiently([&] { return node.peers.get(record.owner)->receive(record.token); });
 }
 
 }  // namespace
@@ -96,7 +104,7 @@ sp<IBinder> objectOf(const ObjectRecord& record) {
 void decode(Frame* frame, Parcel* parcel) {
     const FrameHeader& header = frame->header;
     std::vector<ObjectRecord> records;
-    records.reserve(header.objectCount);
+    patiently([&] { records.reserve(header.objectCount); });
     for (size_t i = 0; i < header.objectCount; ++i) {
         records.push_back(recordAt(header, frame->body.bytes(), i));
     }

@@ -36,7 +36,7 @@ class EncodedParcel {
     void sent();
 
   private:
-    void encodeObjects();
+    status_t encodeObjects();
     void encodeBinder(size_t offset, const sp<IBinder>& binder);
 
     const Parcel& mParcel;

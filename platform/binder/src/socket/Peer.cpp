@@ -8,9 +8,11 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <new>
 #include <utility>
 
 #include "../Log.h"
+#include "../OutOfMemory.h"
 #include "Node.h"
 #include "SocketRemote.h"
 
@@ -25,27 +27,58 @@ constexpr size_t kMaxIdle = 16;
 /// at once until there is room again.
 constexpr int kOnewayPatienceMs = 1000;
 
+/// Link messages beyond which the outbox asks for memory.
+constexpr size_t kUsualMessages = 64;
+
 bool isGone(int error) { return error == ECONNREFUSED || error == ENOENT; }
 
 }  // namespace
 
-Peer::Peer(Node& node, const PeerId& id) : mNode(node), mId(id) {}
+Peer::Peer(Node& node, const PeerId& id) : mNode(node), mId(id) {
+    mOutbox.reserve(kUsualMessages * sizeof(LinkMessage));
+}
 
 Peer::~Peer() { mNode.peers.forget(*this); }
 
-std::unique_ptr<Connection> Peer::open(ConnectionKind kind, status_t* status) {
-    RuntimeFd fd = mNode.folder.connect(mId.toString(), true);
-    const int error = errno;
-    Credentials credentials;
+/// @return NO_ERROR; DEAD_OBJECT when nobody is there; FAILED_TRANSACTION, logged, when this process cannot
+/// ask.
+status_t Peer::dial(RuntimeFd* fd, Credentials* credentials) const {
+    *fd = mNode.folder.connect(mId.toString(), true);
+    if (fd->isOpen() && readCredentials(fd->get(), credentials)) return NO_ERROR;
+    if (!fd->isOpen() && isGone(errno)) return DEAD_OBJECT;
+    BINDER_LOGE("cannot connect to a peer: %s", strerror(errno));
+    return FAILED_TRANSACTION;
+}
+
+/// Says on a new connection what it is for. @return as dial().
+status_t Peer::introduce(int fd, ConnectionKind kind) const {
     Hello hello{kProtocol, kind, mNode.id};
     iovec part{&hello, sizeof(hello)};
-    if (fd.isOpen() && readCredentials(fd.get(), &credentials) &&
-        sendAll(fd.get(), &part, 1, nullptr, 0) == Sent::kAll) {
-        return std::make_unique<Connection>(std::move(fd), kind, shared_from_this(), credentials);
+    switch (sendAll(fd, &part, 1, nullptr, 0)) {
+        case Sent::kAll:
+            return NO_ERROR;
+        case Sent::kGone:
+            return DEAD_OBJECT;
+        case Sent::kNothing:
+            break;
     }
-    *status = fd.isOpen() || isGone(error) ? DEAD_OBJECT : FAILED_TRANSACTION;
-    if (*status == FAILED_TRANSACTION) BINDER_LOGE("cannot connect to a peer: %s", strerror(error));
-    return nullptr;
+    BINDER_LOGE("cannot speak to a peer: %s", strerror(errno));
+    return FAILED_TRANSACTION;
+}
+
+/// All memory is had before the other end hears anything.
+std::unique_ptr<Connection> Peer::open(ConnectionKind kind, status_t* status) {
+    RuntimeFd fd;
+    Credentials credentials;
+    *status = dial(&fd, &credentials);
+    if (*status == DEAD_OBJECT && errno == ENOENT && livesOn()) {
+        BINDER_LOGE("process %d lives, but its socket is not in the runtime folder any more", mPid);
+        *status = FAILED_TRANSACTION;
+    }
+    if (*status != NO_ERROR) return nullptr;
+    auto connection = std::make_unique<Connection>(std::move(fd), kind, shared_from_this(), credentials);
+    *status = introduce(connection->fd(), kind);
+    return *status == NO_ERROR ? std::move(connection) : nullptr;
 }
 
 std::unique_ptr<Connection> Peer::takeConnection(status_t* status) {
@@ -105,38 +138,64 @@ bool Peer::ensureLinked() {
         const std::lock_guard<std::mutex> guard(mLock);
         if (mDead || !mLinks.empty()) return !mDead;
     }
-    RuntimeFd fd = mNode.folder.connect(mId.toString(), true);
-    const int error = errno;
+    RuntimeFd fd;
     Credentials credentials;
-    Hello hello{kProtocol, ConnectionKind::kLink, mNode.id};
-    iovec part{&hello, sizeof(hello)};
-    if (!fd.isOpen() || !readCredentials(fd.get(), &credentials) ||
-        sendAll(fd.get(), &part, 1, nullptr, 0) != Sent::kAll) {
-        if (fd.isOpen() || isGone(error)) die();
-        return false;
-    }
-    return addLink(std::move(fd), credentials);
+    status_t status = dial(&fd, &credentials);
+    if (status == NO_ERROR) status = addLink(&fd, credentials, true);
+    if (status == DEAD_OBJECT) die();
+    return status == NO_ERROR;
 }
 
-void Peer::adoptLink(RuntimeFd fd, const Credentials& credentials) { addLink(std::move(fd), credentials); }
+void Peer::adoptLink(RuntimeFd* fd, const Credentials& credentials) { addLink(fd, credentials, false); }
 
-bool Peer::addLink(RuntimeFd fd, const Credentials& credentials) {
+/// A link that ends looks like this process's death, so all memory is had before the other end hears of it,
+/// and one that the other end opened stays with the caller until there is memory for it.
+/// @param isOurs whether the other end has yet to hear what the connection is for.
+status_t Peer::addLink(RuntimeFd* fd, const Credentials& credentials, bool isOurs) {
     const std::lock_guard<std::mutex> guard(mLock);
-    if (mDead) return false;
+    if (mDead) return DEAD_OBJECT;
     if (mPid != 0 && mPid != credentials.pid) {
         BINDER_LOGW("process %d poses as process %d and is refused", credentials.pid, mPid);
-        return false;
+        return FAILED_TRANSACTION;
     }
+    mLinks.reserve(mLinks.size() + 1);
     const auto link = std::make_shared<Link>();
-    link->fd = std::move(fd);
-    link->watch = mNode.reactor.watch(
-        link->fd.get(), EPOLLIN,
-        [self = shared_from_this(), link](uint32_t events) { self->onLinkEvent(link, events); });
-    if (link->watch == 0) return false;
+    link->fd = std::move(*fd);
+    try {
+        watchLink(link);
+    } catch (const std::bad_alloc&) {
+        *fd = std::move(link->fd);
+        throw;
+    }
+    if (link->watch == 0) return FAILED_TRANSACTION;
+    const status_t status = isOurs ? introduce(link->fd.get(), ConnectionKind::kLink) : NO_ERROR;
+    if (status != NO_ERROR) {
+        mNode.reactor.forget(link->watch, link->fd.get());
+        return status;
+    }
     mPid = credentials.pid;
     mLinks.push_back(link);
     flushLocked();
-    return true;
+    return NO_ERROR;
+}
+
+void Peer::watchLink(const std::shared_ptr<Link>& link) {
+    link->watch = mNode.reactor.watch(
+        link->fd.get(), EPOLLIN,
+        [self = shared_from_this(), link](uint32_t events) { self->onLinkEvent(link, events); });
+}
+
+/// Whether a process whose socket is not to be found lives on all the same: one that is about to end removes
+/// its socket first, and its link ends a moment later.
+bool Peer::livesOn() {
+    constexpr int kLastMomentsMs = 1000;
+    std::shared_ptr<Link> link;
+    {
+        const std::lock_guard<std::mutex> guard(mLock);
+        if (mDead || mLinks.empty()) return false;
+        link = mLinks.front();
+    }
+    return !awaitEvents(link->fd.get(), POLLRDHUP, kLastMomentsMs);
 }
 
 void Peer::onLinkEvent(const std::shared_ptr<Link>& link, uint32_t events) {
@@ -144,33 +203,39 @@ void Peer::onLinkEvent(const std::shared_ptr<Link>& link, uint32_t events) {
         const std::lock_guard<std::mutex> guard(mLock);
         flushLocked();
     }
-    if ((events & (EPOLLIN | EPOLLHUP | EPOLLERR)) != 0 && !readLink(link.get())) die();
+    if ((events & (EPOLLIN | EPOLLHUP | EPOLLERR)) != 0 && !readLink(link.get())) {
+        patiently([this] { die(); });
+    }
 }
 
 /// @return false at the link's end.
 bool Peer::readLink(Link* link) {
-    char bytes[64 * sizeof(LinkMessage)];
-    const ssize_t got = recv(link->fd.get(), bytes, sizeof(bytes), MSG_DONTWAIT);
-    if (got < 0) return errno == EAGAIN || errno == EINTR;
-    link->incoming.append(bytes, static_cast<size_t>(got));
+    const ssize_t got = recv(link->fd.get(), link->incoming + link->bytes,
+                             sizeof(link->incoming) - link->bytes, MSG_DONTWAIT);
+    if (got < 0) return isPassing(errno);
+    link->bytes += static_cast<size_t>(got);
     size_t done = 0;
-    for (; link->incoming.size() - done >= sizeof(LinkMessage); done += sizeof(LinkMessage)) {
+    for (; link->bytes - done >= sizeof(LinkMessage); done += sizeof(LinkMessage)) {
         LinkMessage message;
-        std::memcpy(&message, link->incoming.data() + done, sizeof(message));
+        std::memcpy(&message, link->incoming + done, sizeof(message));
         obey(message);
     }
-    link->incoming.erase(0, done);
+    link->bytes -= done;
+    std::memmove(link->incoming, link->incoming + done, link->bytes);
     return got > 0;
 }
 
 void Peer::obey(const LinkMessage& message) {
     sp<BBinder> unheld;
+    const auto adjust = [&](int64_t change) {
+        return patiently([&] { return mNode.exports.adjust(message.token, mId, change); });
+    };
     switch (message.kind) {
         case LinkMessageKind::kAcquire:
-            mNode.exports.adjust(message.token, mId, 1);
+            adjust(1);
             break;
         case LinkMessageKind::kRelease:
-            unheld = mNode.exports.adjust(message.token, mId, -int64_t{message.count});
+            unheld = adjust(-int64_t{message.count});
             break;
         case LinkMessageKind::kTransfer:
             unheld = mNode.credit(message.token, message.beneficiary, 1);
@@ -182,14 +247,24 @@ void Peer::obey(const LinkMessage& message) {
             BINDER_LOGW("process %d sends link messages of a kind unknown here", mPid);
             break;
     }
-    if (unheld != nullptr) mNode.letGo({std::move(unheld)});
+    mNode.letGo(std::move(unheld));
 }
 
+/// Throws std::bad_alloc when there is no memory for it to wait in, and has said nothing then.
 void Peer::tell(const LinkMessage& message) {
     const std::lock_guard<std::mutex> guard(mLock);
     if (mDead) return;
     mOutbox.append(reinterpret_cast<const char*>(&message), sizeof(message));
     flushLocked();
+}
+
+/// For what must be said although nobody could do anything about a failure.
+void Peer::tellForSure(const LinkMessage& message) {
+    const status_t said = unlessExhausted([&] {
+        patiently([&] { tell(message); });
+        return NO_ERROR;
+    });
+    if (said != NO_ERROR) BINDER_LOGE("an object of process %d is kept alive in vain", mPid);
 }
 
 /// Always on the first link, so that messages keep their order. They wait while there is none: a process may
@@ -210,22 +285,39 @@ void Peer::flushLocked() {
 
 sp<IBinder> Peer::receive(const Token& token) {
     ensureLinked();
-    sp<BpBinder> binder;
     bool dead = false;
-    {
-        const std::lock_guard<std::mutex> guard(mLock);
-        Proxy& proxy = mProxies[token];
-        binder = proxy.binder.promote();
-        if (binder == nullptr) {
-            auto remote = std::make_unique<SocketRemote>(shared_from_this(), token);
-            proxy.remote = remote.get();
-            binder = new BpBinder(std::move(remote));
-            proxy.binder = binder;
-        }
-        ++proxy.remote->received;
-        dead = mDead;
-    }
+    sp<BpBinder> binder = knownProxy(token, &dead);
+    if (binder == nullptr) binder = newProxy(token, &dead);
     if (dead) binder->sendObituary();
+    return binder;
+}
+
+/// The proxy that there is already, with one reference more; else null.
+sp<BpBinder> Peer::knownProxy(const Token& token, bool* dead) {
+    const std::lock_guard<std::mutex> guard(mLock);
+    const auto proxy = mProxies.find(token);
+    sp<BpBinder> binder = proxy != mProxies.end() ? proxy->second.binder.promote() : nullptr;
+    if (binder != nullptr) ++proxy->second.remote->received;
+    *dead = mDead;
+    return binder;
+}
+
+/// Made without the lock, because a proxy that could not be made, or came second, gives up its remote end,
+/// which takes the lock.
+sp<BpBinder> Peer::newProxy(const Token& token, bool* dead) {
+    auto remote = std::make_unique<SocketRemote>(shared_from_this(), token);
+    SocketRemote* const end = remote.get();
+    const sp<BpBinder> made = new BpBinder(std::move(remote));
+    const std::lock_guard<std::mutex> guard(mLock);
+    Proxy& proxy = mProxies[token];
+    sp<BpBinder> binder = proxy.binder.promote();
+    if (binder == nullptr) {
+        proxy.remote = end;
+        proxy.binder = made;
+        binder = made;
+    }
+    ++proxy.remote->received;
+    *dead = mDead;
     return binder;
 }
 
@@ -255,7 +347,7 @@ void Peer::forget(const SocketRemote& remote) {
         if (proxy != mProxies.end() && proxy->second.remote == &remote) mProxies.erase(proxy);
         count = remote.received;
     }
-    tell({LinkMessageKind::kRelease, count, remote.token(), {}});
+    if (count > 0) tellForSure({LinkMessageKind::kRelease, count, remote.token(), {}});
 }
 
 Token Peer::lend(const sp<BBinder>& object) {
@@ -264,17 +356,14 @@ Token Peer::lend(const sp<BBinder>& object) {
     return mDead ? Token() : mNode.exports.lend(object, mId);
 }
 
-void Peer::takeBack(const Token& token) {
-    sp<BBinder> unheld = mNode.exports.adjust(token, mId, -1);
-    if (unheld != nullptr) mNode.letGo({std::move(unheld)});
-}
+void Peer::takeBack(const Token& token) { mNode.letGo(mNode.exports.adjust(token, mId, -1)); }
 
 void Peer::tellPassingOn(const Token& token, const PeerId& beneficiary) {
     tell({LinkMessageKind::kTransfer, 1, token, beneficiary});
 }
 
 void Peer::tellNotPassedOn(const Token& token, const PeerId& beneficiary) {
-    tell({LinkMessageKind::kRevoke, 1, token, beneficiary});
+    tellForSure({LinkMessageKind::kRevoke, 1, token, beneficiary});
 }
 
 void Peer::die() {
@@ -284,6 +373,7 @@ void Peer::die() {
     {
         const std::lock_guard<std::mutex> guard(mLock);
         if (mDead) return;
+        bereaved.reserve(mProxies.size());
         mDead = true;
         links.swap(mLinks);
         idle.swap(mIdle);
@@ -295,13 +385,13 @@ void Peer::die() {
     for (const auto& link : links)
         mNode.reactor.forget(link->watch, link->fd.get());
     mNode.peers.forget(*this);
-    unlink(mNode.folder.pathOf(mId.toString()).c_str());
-    mNode.letGo(mNode.exports.dropHolder(mId));
-    for (sp<BpBinder>& binder : bereaved) {
-        mNode.notices.post([binder = std::move(binder)] { binder->sendObituary(); });
+    patiently([this] { unlink(mNode.folder.pathOf(mId.toString()).c_str()); });
+    mNode.letGo(patiently([this] { return mNode.exports.dropHolder(mId); }));
+    for (const sp<BpBinder>& binder : bereaved) {
+        mNode.notify([binder] { binder->sendObituary(); });
     }
     // Its lock may be held by a thread that sends, which must not hold up the reactor.
-    mNode.notices.post([self = shared_from_this()] { self->dropOneway(); });
+    mNode.notify([self = shared_from_this()] { self->dropOneway(); });
 }
 
 std::shared_ptr<Peer> PeerTable::get(const PeerId& id) {

@@ -37,8 +37,9 @@ class Peer : public std::enable_shared_from_this<Peer> {
 
     /// Opens a link unless there is one. @return false when the process is dead or cannot be reached.
     bool ensureLinked();
-    /// Takes over a link that the peer opened. Closes it when it comes from another process than before.
-    void adoptLink(RuntimeFd fd, const Credentials& credentials);
+    /// Takes over a link that the peer opened, unless it comes from another process than before. Throws
+    /// std::bad_alloc, and has not taken it, when there is no memory.
+    void adoptLink(RuntimeFd* fd, const Credentials& credentials);
 
     bool isDead();
 
@@ -73,7 +74,8 @@ class Peer : public std::enable_shared_from_this<Peer> {
     struct Link {
         RuntimeFd fd;
         uint64_t watch = 0;
-        std::string incoming;  // the beginning of a message
+        char incoming[64 * sizeof(LinkMessage)];  // between two calls, the beginning of a message
+        size_t bytes = 0;
     };
     struct Proxy {
         wp<BpBinder> binder;
@@ -81,11 +83,18 @@ class Peer : public std::enable_shared_from_this<Peer> {
     };
 
     std::unique_ptr<Connection> open(ConnectionKind kind, status_t* status);
-    bool addLink(RuntimeFd fd, const Credentials& credentials);
+    status_t dial(RuntimeFd* fd, Credentials* credentials) const;
+    status_t introduce(int fd, ConnectionKind kind) const;
+    status_t addLink(RuntimeFd* fd, const Credentials& credentials, bool isOurs);
+    void watchLink(const std::shared_ptr<Link>& link);
+    bool livesOn();
     void onLinkEvent(const std::shared_ptr<Link>& link, uint32_t events);
     bool readLink(Link* link);
     void obey(const LinkMessage& message);
     void tell(const LinkMessage& message);
+    void tellForSure(const LinkMessage& message);
+    sp<BpBinder> knownProxy(const Token& token, bool* dead);
+    sp<BpBinder> newProxy(const Token& token, bool* dead);
     void flushLocked();
     void dropOneway();
     bool isHungUp();

@@ -7,9 +7,11 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <new>
 #include <utility>
 
 #include "../Log.h"
+#include "../OutOfMemory.h"
 #include "RuntimeThread.h"
 
 namespace android::runtime {
@@ -20,23 +22,42 @@ constexpr uint64_t kWakeUp = 0;
 
 }  // namespace
 
-Reactor::Reactor() : mEpoll(epoll_create1(EPOLL_CLOEXEC)), mWakeUp(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
+bool Reactor::start() {
+    const std::lock_guard<std::mutex> guard(mStarting);
+    if (mRuns) return true;
+    if (!open()) {
+        BINDER_LOGE("no descriptors left to watch other processes with: %s", strerror(errno));
+        return false;
+    }
+    return mRuns = startRuntimeThread("binder-reactor", [this] { run(); });
+}
+
+/// Under mLock, for the descriptors may be asked for before the thread runs.
+bool Reactor::open() {
+    const std::lock_guard<std::mutex> guard(mLock);
+    if (!mEpoll.isOpen()) mEpoll = RuntimeFd(epoll_create1(EPOLL_CLOEXEC));
+    if (!mEpoll.isOpen()) return false;
+    if (mWakeUp.isOpen()) return true;
+    RuntimeFd wakeUp(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK));
     epoll_event event{EPOLLIN, {}};
     event.data.u64 = kWakeUp;
-    if (epoll_ctl(mEpoll.get(), EPOLL_CTL_ADD, mWakeUp.get(), &event) != 0) {
-        BINDER_LOGE("no descriptors left to watch other processes with: %s", strerror(errno));
-        return;
-    }
-    startRuntimeThread("binder-reactor", [this] { run(); });
+    if (!wakeUp.isOpen() || epoll_ctl(mEpoll.get(), EPOLL_CTL_ADD, wakeUp.get(), &event) != 0) return false;
+    mWakeUp = std::move(wakeUp);
+    return true;
 }
 
 uint64_t Reactor::watch(int fd, uint32_t events, Handler handler) {
+    auto kept = std::make_shared<Handler>(std::move(handler));
     const std::lock_guard<std::mutex> guard(mLock);
+    const uint64_t number = ++mLastNumber;
+    const auto entry = mHandlers.emplace(number, std::move(kept)).first;
     epoll_event event{events, {}};
-    event.data.u64 = ++mLastNumber;
-    if (epoll_ctl(mEpoll.get(), EPOLL_CTL_ADD, fd, &event) != 0) return 0;
-    mHandlers.emplace(mLastNumber, std::make_shared<Handler>(std::move(handler)));
-    return mLastNumber;
+    event.data.u64 = number;
+    if (epoll_ctl(mEpoll.get(), EPOLL_CTL_ADD, fd, &event) == 0) return number;
+    const int error = errno;
+    mHandlers.erase(entry);
+    if (error == ENOMEM || error == ENOSPC) throw std::bad_alloc();
+    return 0;
 }
 
 void Reactor::change(uint64_t number, int fd, uint32_t events) {
@@ -61,14 +82,21 @@ void Reactor::run() {
         epoll_event events[64];
         const int count = epoll_wait(mEpoll.get(), events, 64, untilNextTimer());
         for (int i = 0; i < count; ++i) {
-            if (events[i].data.u64 == kWakeUp) {
-                eventfd_t ignored = 0;
-                eventfd_read(mWakeUp.get(), &ignored);
-            } else if (const auto handler = handlerOf(events[i].data.u64)) {
-                (*handler)(events[i].events);
-            }
+            handle(events[i].data.u64, events[i].events);
         }
         runTimers();
+    }
+}
+
+void Reactor::handle(uint64_t number, uint32_t events) {
+    if (number == kWakeUp) {
+        eventfd_t ignored = 0;
+        eventfd_read(mWakeUp.get(), &ignored);
+    } else if (const auto handler = handlerOf(number)) {
+        unlessExhausted([&] {
+            (*handler)(events);
+            return NO_ERROR;
+        });
     }
 }
 
@@ -89,7 +117,10 @@ void Reactor::runTimers() {
             action = std::move(mTimers.begin()->second);
             mTimers.erase(mTimers.begin());
         }
-        action();
+        unlessExhausted([&] {
+            action();
+            return NO_ERROR;
+        });
     }
 }
 

@@ -20,9 +20,12 @@ class Reactor {
     using Handler = std::function<void(uint32_t events)>;
     using Clock = std::chrono::steady_clock;
 
-    Reactor();
+    /// Starts the thread unless it runs. @return false, which is logged, when something is missing for it;
+    /// what is asked of it waits until the next attempt.
+    bool start();
 
-    /// Calls @p handler with the epoll events of @p fd until forget(). Any thread.
+    /// Calls @p handler with the epoll events of @p fd until forget(). Any thread. Throws std::bad_alloc when
+    /// there is no memory, the kernel's included, and has changed nothing then.
     /// @return the watch's number; 0 when the kernel refuses.
     uint64_t watch(int fd, uint32_t events, Handler handler);
     void change(uint64_t number, int fd, uint32_t events);
@@ -33,13 +36,17 @@ class Reactor {
     void after(std::chrono::milliseconds delay, std::function<void()> action);
 
   private:
+    bool open();
     void run();
+    void handle(uint64_t number, uint32_t events);
     int untilNextTimer();
     void runTimers();
     std::shared_ptr<Handler> handlerOf(uint64_t number);
 
-    const RuntimeFd mEpoll;
-    const RuntimeFd mWakeUp;
+    std::mutex mStarting;  // taken before mLock; guards mRuns, and the two descriptors until it runs
+    bool mRuns = false;
+    RuntimeFd mEpoll;
+    RuntimeFd mWakeUp;
     std::mutex mLock;
     uint64_t mLastNumber = 0;
     std::unordered_map<uint64_t, std::shared_ptr<Handler>> mHandlers;

@@ -7,6 +7,8 @@
 #include <mutex>
 #include <vector>
 
+#include "../OutOfMemory.h"
+
 namespace android::runtime {
 
 namespace {
@@ -17,13 +19,14 @@ std::atomic<bool> gForkedChild{false};
 class FdList {
   public:
     static FdList& instance() {
-        static auto* const list = new FdList();
+        static auto* const list = patiently([] { return new FdList(); });
         return *list;
     }
 
     void add(int fd) {
         const std::lock_guard<std::mutex> guard(mLock);
-        if (static_cast<size_t>(fd) >= mOpen.size()) mOpen.resize(static_cast<size_t>(fd) + 1);
+        const auto size = static_cast<size_t>(fd) + 1;
+        if (size > mOpen.size()) patiently([&] { mOpen.resize(size); });
         mOpen[static_cast<size_t>(fd)] = true;
     }
 

@@ -13,20 +13,9 @@ namespace android::runtime {
 
 namespace {
 
-/// No folder, so whatever is looked for in it is not there and cannot be made there either.
-constexpr char kNowhere[] = "/dev/null";
-
 std::string environment(const char* name) {
     const char* const value = std::getenv(name);
     return value != nullptr ? value : "";
-}
-
-std::string chooseFolder() {
-    if (std::string own = environment("BINDER_RUNTIME_DIR"); !own.empty()) return own;
-    if (const std::string session = environment("XDG_RUNTIME_DIR"); !session.empty())
-        return session + "/binder";
-    const std::string temporary = environment("TMPDIR");
-    return (temporary.empty() ? "/tmp" : temporary) + "/binder-" + std::to_string(geteuid());
 }
 
 /// Whoever may write here could pose as any service, so the folder must be this user's alone. One that a
@@ -43,6 +32,11 @@ const char* whatIsWrongWith(const std::string& folder, const Access& access) {
     return (state.st_mode & S_ISVTX) != 0 ? nullptr : "its group may remove what others put there; chmod +t";
 }
 
+bool isThere(const std::string& folder) {
+    struct stat state {};
+    return lstat(folder.c_str(), &state) == 0;
+}
+
 /// @return false, with errno set, when there is none and it cannot be made.
 bool make(const std::string& folder, const Access& access) {
     if (mkdir(folder.c_str(), S_IRWXU) != 0) return errno == EEXIST;
@@ -53,21 +47,27 @@ bool make(const std::string& folder, const Access& access) {
 
 }  // namespace
 
-std::string prepareRuntimeFolder(const Access& access) {
-    std::string folder = chooseFolder();
-    if (!make(folder, access)) {
+std::string chooseRuntimeFolder() {
+    if (std::string own = environment("BINDER_RUNTIME_DIR"); !own.empty()) return own;
+    if (const std::string session = environment("XDG_RUNTIME_DIR"); !session.empty())
+        return session + "/binder";
+    const std::string temporary = environment("TMPDIR");
+    return (temporary.empty() ? "/tmp" : temporary) + "/binder-" + std::to_string(geteuid());
+}
+
+bool prepareRuntimeFolder(const std::string& folder, const Access& access) {
+    if (!isThere(folder) && !make(folder, access)) {
         BINDER_LOGE("runtime folder %s cannot be made: %s. Set BINDER_RUNTIME_DIR to a folder of your own.",
                     folder.c_str(), strerror(errno));
-        return folder;
+        return false;
     }
-    if (const char* const problem = whatIsWrongWith(folder, access)) {
-        BINDER_LOGE(
-            "runtime folder %s cannot be trusted: %s. Set BINDER_RUNTIME_DIR to a folder of your own "
-            "with mode 0700.",
-            folder.c_str(), problem);
-        return kNowhere;
-    }
-    return folder;
+    const char* const problem = whatIsWrongWith(folder, access);
+    if (problem == nullptr) return true;
+    BINDER_LOGE(
+        "runtime folder %s cannot be trusted: %s. Set BINDER_RUNTIME_DIR to a folder of your own "
+        "with mode 0700.",
+        folder.c_str(), problem);
+    return false;
 }
 
 }  // namespace android::runtime

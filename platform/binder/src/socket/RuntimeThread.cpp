@@ -3,7 +3,7 @@
 #include <pthread.h>
 
 #include <csignal>
-#include <system_error>
+#include <exception>
 #include <thread>
 #include <utility>
 
@@ -38,7 +38,7 @@ bool startRuntimeThread(const char* name, std::function<void()> body) {
         pthread_setname_np(thread.native_handle(), name);
         thread.detach();
         return true;
-    } catch (const std::system_error& error) {
+    } catch (const std::exception& error) {
         BINDER_LOGE("thread %s cannot be started: %s", name, error.what());
         return false;
     }

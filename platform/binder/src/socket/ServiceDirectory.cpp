@@ -12,7 +12,9 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <memory>
+#include <thread>
 
 namespace android::runtime {
 
@@ -25,22 +27,34 @@ constexpr char kPrefix[] = "service-";
 /// "<owner> <token>\n", both in 32 hexadecimal digits.
 constexpr size_t kEntrySize = 32 + 1 + 32 + 1;
 
-void waitForLock(RuntimeFd* lock) {
-    while (lock->isOpen() && flock(lock->get(), LOCK_EX) != 0) {
-        if (errno != EINTR) lock->reset();
+/// Nobody holds the lock for longer than a few system calls; one who was stopped in the middle must not hold
+/// up the others for ever. @return NO_ERROR or the system's error.
+int waitForLock(int lock) {
+    constexpr auto kPatience = std::chrono::seconds(5);
+    constexpr auto kPause = std::chrono::milliseconds(1);
+    const auto deadline = steady_clock::now() + kPatience;
+    while (flock(lock, LOCK_EX | LOCK_NB) != 0) {
+        if (errno != EINTR && errno != EWOULDBLOCK) return -errno;
+        if (steady_clock::now() >= deadline) return TIMED_OUT;
+        std::this_thread::sleep_for(kPause);
     }
+    return NO_ERROR;
 }
+
+int readError() { return errno == ENOENT || errno == ELOOP || errno == ENXIO ? NAME_NOT_FOUND : -errno; }
 
 }  // namespace
 
-bool ServiceDirectory::read(const std::string& name, ServiceEntry* entry) const {
+int ServiceDirectory::read(const std::string& name, ServiceEntry* entry) const {
     const RuntimeFd file(open(pathOf(name).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW));
-    if (!file.isOpen()) return false;
+    if (!file.isOpen()) return readError();
     char text[kEntrySize + 1];
-    if (::read(file.get(), text, sizeof(text)) != static_cast<ssize_t>(kEntrySize)) return false;
+    const ssize_t size = ::read(file.get(), text, sizeof(text));
+    if (size < 0 && errno != EISDIR && errno != EAGAIN) return -errno;
+    if (size != static_cast<ssize_t>(kEntrySize)) return NAME_NOT_FOUND;
     entry->owner = PeerId(Secret::parse(std::string(text, 32)));
     entry->token = Token(Secret::parse(std::string(text + 33, 32)));
-    return entry->owner && entry->token;
+    return entry->owner && entry->token ? NO_ERROR : static_cast<int>(NAME_NOT_FOUND);
 }
 
 /// Opened first and made only when it is missing: in a shared folder the kernel lets nobody "create" a file
@@ -56,23 +70,35 @@ RuntimeFd ServiceDirectory::openOrMake(const std::string& path, int flags) const
 }
 
 int ServiceDirectory::publish(const std::string& name, const ServiceEntry& entry) const {
-    RuntimeFd lock = openOrMake(mFolder.pathOf("lock"), O_RDWR);
-    waitForLock(&lock);
+    const RuntimeFd lock = openOrMake(mFolder.pathOf("lock"), O_RDWR | O_NONBLOCK);
     if (!lock.isOpen()) return -errno;
+    int status = waitForLock(lock.get());
+    if (status == NO_ERROR) status = refuse(name, entry);
+    return status == NO_ERROR ? write(name, entry) : status;
+}
+
+/// Only a name that nobody has, or one who is surely dead, may be taken.
+int ServiceDirectory::refuse(const std::string& name, const ServiceEntry& entry) const {
     ServiceEntry present;
-    if (read(name, &present) && present.owner != entry.owner && isAlive(present.owner)) return ALREADY_EXISTS;
-    return write(name, entry);
+    const int known = read(name, &present);
+    if (known == NAME_NOT_FOUND) return NO_ERROR;
+    if (known != NO_ERROR || present.owner == entry.owner) return known;
+    const int alive = probe(present.owner);
+    if (alive == DEAD_OBJECT) return NO_ERROR;
+    return alive == NO_ERROR ? static_cast<int>(ALREADY_EXISTS) : alive;
 }
 
 /// Beside the entry first, then in its place: a reader sees the old one or the new one.
 int ServiceDirectory::write(const std::string& name, const ServiceEntry& entry) const {
     const std::string text = entry.owner.toString() + " " + entry.token.toString() + "\n";
     const std::string beside = mFolder.pathOf("new-" + entry.owner.toString());
-    const RuntimeFd file = openOrMake(beside, O_WRONLY | O_TRUNC);
+    const std::string place = pathOf(name);
+    const RuntimeFd file = openOrMake(beside, O_WRONLY | O_TRUNC | O_NONBLOCK);
     if (!file.isOpen()) return -errno;
-    const bool written = ::write(file.get(), text.data(), text.size()) == static_cast<ssize_t>(text.size());
-    if (written && rename(beside.c_str(), pathOf(name).c_str()) == 0) return NO_ERROR;
-    const int error = written || errno != 0 ? errno : ENOSPC;
+    const ssize_t size = ::write(file.get(), text.data(), text.size());
+    const bool written = size == static_cast<ssize_t>(text.size());
+    if (written && rename(beside.c_str(), place.c_str()) == 0) return NO_ERROR;
+    const int error = written || size < 0 ? errno : ENOSPC;
     unlink(beside.c_str());
     return -error;
 }
@@ -90,25 +116,31 @@ std::vector<std::string> ServiceDirectory::names() const {
     return names;
 }
 
-bool ServiceDirectory::isAlive(const PeerId& owner) const {
-    return mFolder.connect(owner.toString(), true).isOpen();
+int ServiceDirectory::probe(const PeerId& owner) const {
+    if (mFolder.connect(owner.toString(), true).isOpen()) return NO_ERROR;
+    return errno == ECONNREFUSED || errno == ENOENT ? static_cast<int>(DEAD_OBJECT) : -errno;
 }
 
 RuntimeFd ServiceDirectory::watchFolder() const {
     RuntimeFd watch(inotify_init1(IN_CLOEXEC | IN_NONBLOCK));
-    if (watch.isOpen()) inotify_add_watch(watch.get(), mFolder.path().c_str(), IN_MOVED_TO);
+    if (!watch.isOpen() || inotify_add_watch(watch.get(), mFolder.path().c_str(), IN_MOVED_TO) < 0) return {};
     return watch;
 }
 
-void ServiceDirectory::waitForChange(int watch, steady_clock::time_point deadline) {
+/// @param watch closed when the folder is there no more.
+void ServiceDirectory::waitForChange(RuntimeFd* watch, steady_clock::time_point deadline) {
     const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - steady_clock::now());
     // Without a watch, when the system has none left, the condition is asked now and then.
     constexpr int64_t kNowAndThen = 100;
-    const int64_t limit = watch >= 0 ? left.count() : std::min(left.count(), kNowAndThen);
-    pollfd change{watch, POLLIN, 0};
+    const int64_t limit = watch->isOpen() ? left.count() : std::min(left.count(), kNowAndThen);
+    pollfd change{watch->get(), POLLIN, 0};
     if (poll(&change, 1, static_cast<int>(std::max<int64_t>(limit, 0))) <= 0) return;
     alignas(inotify_event) char events[4096];
-    while (::read(watch, events, sizeof(events)) > 0) {
+    for (ssize_t size = 0; (size = ::read(watch->get(), events, sizeof(events))) > 0;) {
+        // The last one, if any: nothing comes after it.
+        inotify_event last{};
+        std::memcpy(&last, events + size - sizeof(last), sizeof(last));
+        if ((last.mask & IN_IGNORED) != 0) return watch->reset();
     }
 }
 

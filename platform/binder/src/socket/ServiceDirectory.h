@@ -23,8 +23,9 @@ class ServiceDirectory {
     /// @param fileMode of the files that are made: who may read them finds the services.
     ServiceDirectory(const SocketFolder& folder, mode_t fileMode) : mFolder(folder), mFileMode(fileMode) {}
 
-    /// @return false when there is no such entry, or none that can be read.
-    bool read(const std::string& name, ServiceEntry* entry) const;
+    /// @return NO_ERROR; NAME_NOT_FOUND when there is no such entry, or what is there is none; else the
+    ///         system's error.
+    int read(const std::string& name, ServiceEntry* entry) const;
 
     /// Enters @p entry unless a live process other than its owner has the name.
     /// @return NO_ERROR, ALREADY_EXISTS, or the system's error.
@@ -33,8 +34,8 @@ class ServiceDirectory {
     /// All names that have an entry, in ascending order.
     std::vector<std::string> names() const;
 
-    /// Whether the process still listens.
-    bool isAlive(const PeerId& owner) const;
+    /// Whether the process still listens. @return NO_ERROR, DEAD_OBJECT, or the system's error.
+    int probe(const PeerId& owner) const;
 
     /// Waits until an entry may have changed or @p deadline has come; @p condition is asked before and after.
     template <typename Condition>
@@ -42,7 +43,8 @@ class ServiceDirectory {
 
   private:
     RuntimeFd watchFolder() const;
-    static void waitForChange(int watch, std::chrono::steady_clock::time_point deadline);
+    static void waitForChange(RuntimeFd* watch, std::chrono::steady_clock::time_point deadline);
+    int refuse(const std::string& name, const ServiceEntry& entry) const;
     int write(const std::string& name, const ServiceEntry& entry) const;
     std::string pathOf(const std::string& name) const { return mFolder.pathOf("service-" + name); }
 
@@ -57,10 +59,11 @@ bool ServiceDirectory::waitUntil(std::chrono::steady_clock::time_point deadline,
                                  const Condition& condition) const {
     if (condition()) return true;
     // Watched before the condition is asked again, so that no change slips through.
-    const RuntimeFd watch = watchFolder();
+    RuntimeFd watch = watchFolder();
     while (!condition()) {
         if (std::chrono::steady_clock::now() >= deadline) return false;
-        waitForChange(watch.get(), deadline);
+        waitForChange(&watch, deadline);
+        if (!watch.isOpen()) watch = watchFolder();
     }
     return true;
 }

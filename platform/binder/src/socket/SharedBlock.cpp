@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <atomic>
+#include <new>
 #include <utility>
 
 namespace android::runtime {
@@ -56,12 +57,13 @@ std::unique_ptr<SharedBlock> SharedBlock::create() {
     uint8_t* bytes = nullptr;
     if (fd.isOpen() && ftruncate(fd.get(), kSharedBytes) == 0)
         bytes = mapped(fd.get(), PROT_READ | PROT_WRITE);
-    if (bytes == nullptr || !seal(fd.get())) {
-        if (bytes != nullptr) munmap(bytes, kSharedBytes);
-        --gBlocks;
-        return nullptr;
+    if (bytes != nullptr && seal(fd.get())) {
+        auto* const block = new (std::nothrow) SharedBlock(std::move(fd), bytes);
+        if (block != nullptr) return std::unique_ptr<SharedBlock>(block);
     }
-    return std::unique_ptr<SharedBlock>(new SharedBlock(std::move(fd), bytes));
+    if (bytes != nullptr) munmap(bytes, kSharedBytes);
+    --gBlocks;
+    return nullptr;
 }
 
 SharedBlock::SharedBlock(RuntimeFd fd, uint8_t* bytes) : mFd(std::move(fd)), mBytes(bytes) {}
@@ -73,8 +75,10 @@ SharedBlock::~SharedBlock() {
 
 std::unique_ptr<SharedView> SharedView::map(int fd) {
     if (!isWholeForGood(fd) || !countUp(gViews, kMostViews)) return nullptr;
-    if (const uint8_t* const bytes = mapped(fd, PROT_READ)) {
-        return std::unique_ptr<SharedView>(new SharedView(bytes));
+    if (uint8_t* const bytes = mapped(fd, PROT_READ)) {
+        auto* const view = new (std::nothrow) SharedView(bytes);
+        if (view != nullptr) return std::unique_ptr<SharedView>(view);
+        munmap(bytes, kSharedBytes);
     }
     --gViews;
     return nullptr;

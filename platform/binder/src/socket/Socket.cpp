@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <cstring>
 #include <utility>
 
@@ -25,9 +26,17 @@ RuntimeFd newSocket(int flags) { return RuntimeFd(socket(AF_UNIX, SOCK_STREAM | 
 
 const sockaddr* generic(const sockaddr_un& address) { return reinterpret_cast<const sockaddr*>(&address); }
 
+/// How long a connection waits for room at a listener who takes none in.
+constexpr timeval kPatience{5, 0};
+
+/// Whoever has no memory for a moment is asked again after another one.
 void waitForRoom(int fd) {
-    pollfd wanted{fd, POLLOUT, 0};
-    poll(&wanted, 1, -1);
+    constexpr int kPauseMs = 1;
+    if (errno == EAGAIN) {
+        awaitEvents(fd, POLLOUT, -1);
+    } else {
+        poll(nullptr, 0, kPauseMs);
+    }
 }
 
 bool isHangUp(int error) { return error == EPIPE || error == ECONNRESET; }
@@ -48,16 +57,31 @@ void advance(msghdr* message, size_t count) {
 
 }  // namespace
 
-SocketFolder::SocketFolder(std::string path)
-    : mPath(std::move(path)), mFolder(open(mPath.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC)) {}
+bool isPassing(int error) { return error == EAGAIN || error == EINTR || error == ENOMEM || error == ENOBUFS; }
 
-bool SocketFolder::address(const std::string& name, sockaddr_un* out) const {
+bool awaitEvents(int fd, short events, int milliseconds) {
+    using std::chrono::steady_clock;
+    const auto deadline = steady_clock::now() + std::chrono::milliseconds(milliseconds);
+    for (int left = milliseconds;;) {
+        pollfd wanted{fd, events, 0};
+        const int count = poll(&wanted, 1, left);
+        if (count >= 0) return count > 0;
+        if (milliseconds < 0) continue;
+        const auto rest = std::chrono::ceil<std::chrono::milliseconds>(deadline - steady_clock::now());
+        left = static_cast<int>(std::max<int64_t>(0, rest.count()));
+    }
+}
+
+/// @param folder open as long as the address is used.
+bool SocketFolder::address(const std::string& name, sockaddr_un* out, RuntimeFd* folder) const {
     *out = {};
     out->sun_family = AF_UNIX;
     std::string path = pathOf(name);
     // An address holds about a hundred characters; the way through the open folder is always short enough.
     if (path.size() >= sizeof(out->sun_path)) {
-        path = "/proc/self/fd/" + std::to_string(mFolder.get()) + "/" + name;
+        *folder = RuntimeFd(open(mPath.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+        if (!folder->isOpen()) return false;
+        path = "/proc/self/fd/" + std::to_string(folder->get()) + "/" + name;
     }
     if (path.size() >= sizeof(out->sun_path)) {
         errno = ENAMETOOLONG;
@@ -69,18 +93,25 @@ bool SocketFolder::address(const std::string& name, sockaddr_un* out) const {
 
 RuntimeFd SocketFolder::listen(const std::string& name, mode_t mode) const {
     sockaddr_un where{};
-    if (!address(name, &where)) return {};
+    RuntimeFd folder;
+    if (!address(name, &where, &folder)) return {};
     RuntimeFd fd = newSocket(SOCK_NONBLOCK);
     if (!fd.isOpen() || bind(fd.get(), generic(where), sizeof(where)) != 0) return {};
-    if (chmod(where.sun_path, mode) != 0 || ::listen(fd.get(), kBacklog) != 0) return {};
-    return fd;
+    if (chmod(where.sun_path, mode) == 0 && ::listen(fd.get(), kBacklog) == 0) return fd;
+    // The name is free again for the next attempt.
+    const int error = errno;
+    unlink(where.sun_path);
+    errno = error;
+    return {};
 }
 
 RuntimeFd SocketFolder::connect(const std::string& name, bool wait) const {
     sockaddr_un where{};
-    if (!address(name, &where)) return {};
+    RuntimeFd folder;
+    if (!address(name, &where, &folder)) return {};
     RuntimeFd fd = newSocket(wait ? 0 : SOCK_NONBLOCK);
     if (!fd.isOpen()) return {};
+    if (wait) setsockopt(fd.get(), SOL_SOCKET, SO_SNDTIMEO, &kPatience, sizeof(kPatience));
     while (::connect(fd.get(), generic(where), sizeof(where)) != 0) {
         if (errno != EINTR) return {};
     }
@@ -131,7 +162,7 @@ Sent sendAll(int fd, iovec* parts, size_t partCount, const int* fds, size_t fdCo
             message.msg_controllen = 0;
             message.msg_control = nullptr;
             begun = true;
-        } else if (errno == EAGAIN) {
+        } else if (errno == EAGAIN || (begun && isPassing(errno))) {
             waitForRoom(fd);
         } else if (errno != EINTR) {
             return begun || isHangUp(errno) ? Sent::kGone : Sent::kNothing;

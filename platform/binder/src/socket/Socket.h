@@ -7,6 +7,7 @@
 #include <sys/un.h>
 
 #include <string>
+#include <utility>
 
 #include "RuntimeFd.h"
 
@@ -21,8 +22,7 @@ struct Credentials {
 /// A folder that sockets lie in. Reaches them however long its path is.
 class SocketFolder {
   public:
-    /// @param path of a folder that exists.
-    explicit SocketFolder(std::string path);
+    explicit SocketFolder(std::string path) : mPath(std::move(path)) {}
 
     const std::string& path() const { return mPath; }
     std::string pathOf(const std::string& name) const { return mPath + "/" + name; }
@@ -31,15 +31,24 @@ class SocketFolder {
     /// @param mode of its file: who may write to it may connect.
     RuntimeFd listen(const std::string& name, mode_t mode) const;
     /// A connection to the socket @p name; closed when nobody listens there, with errno set.
-    /// @param wait whether to wait when the listener has no room for the moment, instead of EAGAIN.
+    /// @param wait whether to wait a few seconds when the listener has no room for the moment, instead of
+    ///             EAGAIN at once.
     RuntimeFd connect(const std::string& name, bool wait) const;
 
   private:
-    bool address(const std::string& name, sockaddr_un* out) const;
+    bool address(const std::string& name, sockaddr_un* out, RuntimeFd* folder) const;
 
     const std::string mPath;
-    const RuntimeFd mFolder;
 };
+
+/// Whether that error of a socket passes: the socket is as good as before, and the same may go well next
+/// time.
+bool isPassing(int error);
+
+/// Waits until one of @p events, or the other end's hanging up, comes to @p fd, whatever signals come
+/// meanwhile.
+/// @param milliseconds -1 for as long as it takes. @return whether it came.
+bool awaitEvents(int fd, short events, int milliseconds);
 
 /// @return false when the kernel does not say.
 bool readCredentials(int fd, Credentials* out);

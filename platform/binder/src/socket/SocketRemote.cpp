@@ -2,6 +2,7 @@
 
 #include <atomic>
 
+#include "../OutOfMemory.h"
 #include "Call.h"
 #include "Peer.h"
 
@@ -19,8 +20,10 @@ SocketRemote::SocketRemote(std::shared_ptr<Peer> peer, const Token& token)
 SocketRemote::~SocketRemote() { mPeer->forget(*this); }
 
 status_t SocketRemote::transact(uint32_t code, const Parcel& data, Parcel* reply, uint32_t flags) {
-    return (flags & IBinder::FLAG_ONEWAY) != 0 ? callOneway(*mPeer, mToken, code, data, flags)
-                                               : call(*mPeer, mToken, code, data, reply, flags);
+    return unlessExhausted([&] {
+        return (flags & IBinder::FLAG_ONEWAY) != 0 ? callOneway(*mPeer, mToken, code, data, flags)
+                                                   : call(*mPeer, mToken, code, data, reply, flags);
+    });
 }
 
 }  // namespace android::runtime

@@ -4,7 +4,9 @@
 #include <atomic>
 #include <mutex>
 #include <unordered_map>
+#include <utility>
 
+#include "../OutOfMemory.h"
 #include "../Transport.h"
 #include "Node.h"
 #include "ServiceDirectory.h"
@@ -22,7 +24,10 @@ class SocketTransport : public Transport {
         gRunning = true;
     }
 
-    void startThreadPool() override { mNode.workers.start(); }
+    void startThreadPool() override {
+        unlessExhausted([this] { return mNode.prepare() ? NO_ERROR : NO_INIT; });
+        mNode.startWorkers();
+    }
     void setMaxThreads(size_t count) override { mNode.workers.setMaxThreads(count); }
     [[noreturn]] void joinThreadPool() override { mNode.workers.join(); }
     std::string meetingPlace() const override { return mNode.folder.path(); }
@@ -43,25 +48,21 @@ class SocketTransport : public Transport {
 
 /// A published object is lent to this process itself, which is how it stays alive.
 status_t SocketTransport::publish(const std::string& name, const sp<BBinder>& service) {
+    if (!mNode.prepare()) return NO_INIT;
     const std::lock_guard<std::mutex> guard(mLock);
+    const auto [published, isNew] = mPublished.try_emplace(name);
     const Token token = mNode.exports.lend(service, mNode.id);
-    const status_t status = mDirectory.publish(name, {mNode.id, token});
-    if (status != NO_ERROR) {
-        withdraw(token);
-        return status;
-    }
-    const auto [published, isNew] = mPublished.try_emplace(name, token);
-    if (!isNew) withdraw(published->second);
-    published->second = token;
-    return NO_ERROR;
+    const status_t status = unlessExhausted([&] { return mDirectory.publish(name, {mNode.id, token}); });
+    const Token old = status == NO_ERROR ? std::exchange(published->second, token) : token;
+    if (old) withdraw(old);
+    if (!published->second) mPublished.erase(published);
+    return status;
 }
 
-void SocketTransport::withdraw(const Token& token) {
-    sp<BBinder> unheld = mNode.exports.adjust(token, mNode.id, -1);
-    if (unheld != nullptr) mNode.letGo({std::move(unheld)});
-}
+void SocketTransport::withdraw(const Token& token) { mNode.letGo(mNode.exports.adjust(token, mNode.id, -1)); }
 
 sp<IBinder> SocketTransport::find(const std::string& name, std::chrono::milliseconds patience) {
+    if (!mNode.prepare()) return nullptr;
     sp<IBinder> service = findNow(name);
     if (service != nullptr || patience.count() == 0) return service;
     mDirectory.waitUntil(std::chrono::steady_clock::now() + patience, [&] {
@@ -73,17 +74,18 @@ sp<IBinder> SocketTransport::find(const std::string& name, std::chrono::millisec
 
 sp<IBinder> SocketTransport::findNow(const std::string& name) {
     ServiceEntry entry;
-    if (!mDirectory.read(name, &entry)) return nullptr;
+    if (mDirectory.read(name, &entry) != NO_ERROR) return nullptr;
     if (entry.owner == mNode.id) return mNode.exports.find(entry.token);
     return mNode.peers.get(entry.owner)->acquire(entry.token);
 }
 
 std::vector<std::string> SocketTransport::names() {
+    if (!mNode.prepare()) return {};
     std::vector<std::string> names = mDirectory.names();
     const auto isDead = [this](const std::string& name) {
         ServiceEntry entry;
-        return !mDirectory.read(name, &entry) ||
-               (entry.owner != mNode.id && !mDirectory.isAlive(entry.owner));
+        return mDirectory.read(name, &entry) != NO_ERROR ||
+               (entry.owner != mNode.id && mDirectory.probe(entry.owner) != NO_ERROR);
     };
     names.erase(std::remove_if(names.begin(), names.end(), isDead), names.end());
     return names;

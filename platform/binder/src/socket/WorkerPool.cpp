@@ -4,11 +4,15 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <cstring>
+#include <new>
 #include <string>
+#include <thread>
 #include <utility>
 
 #include "../Log.h"
+#include "../OutOfMemory.h"
 #include "RuntimeThread.h"
 
 namespace android::runtime {
@@ -23,38 +27,52 @@ constexpr int kTurn = 32;
 /// A process has one connection per call that it has under way, and a few at rest.
 constexpr size_t kMostOfAProcess = 512;
 
+/// How long a thread leaves the kernel alone that has no descriptor for it.
+constexpr std::chrono::milliseconds kPause{50};
+
 constexpr uint32_t kOnce = EPOLLIN | EPOLLRDHUP | EPOLLONESHOT;
 
 }  // namespace
 
-WorkerPool::WorkerPool()
-    : mEpoll(epoll_create1(EPOLL_CLOEXEC)),
-      mOneway([this](Connection& connection) { putBack(connection); }) {}
+WorkerPool::WorkerPool() : mOneway([this](Connection& connection) { putBack(connection); }) {}
 
-bool WorkerPool::add(std::unique_ptr<Connection> connection) {
-    Connection& added = *connection;
+bool WorkerPool::open() {
+    const std::lock_guard<std::mutex> guard(mLock);
+    if (!mEpoll.isOpen()) mEpoll = RuntimeFd(epoll_create1(EPOLL_CLOEXEC));
+    if (!mEpoll.isOpen()) BINDER_LOGE("no descriptor left to serve calls with: %s", strerror(errno));
+    return mEpoll.isOpen();
+}
+
+/// A thread may take it out of the set at once, but not let it go before it is entered here.
+bool WorkerPool::add(std::unique_ptr<Connection>* connection) {
+    Connection& added = **connection;
     if (added.kind() == ConnectionKind::kCall) added.setPatience(kPatienceMs);
-    {
-        const std::lock_guard<std::mutex> guard(mLock);
-        size_t& count = mByProcess[added.credentials().pid];
-        if (count >= kMostOfAProcess) return false;
-        ++count;
-        mConnections.emplace(&added, std::move(connection));
-        mConnectionCount = mConnections.size();
+    const std::lock_guard<std::mutex> guard(mLock);
+    size_t& count = mByProcess[added.credentials().pid];
+    if (count >= kMostOfAProcess) return false;
+    const auto place = mConnections.try_emplace(&added).first;
+    if (!watch(added)) {
+        mConnections.erase(place);
+        throw std::bad_alloc();
     }
-    epoll_event event{kOnce, {}};
-    event.data.ptr = &added;
-    if (epoll_ctl(mEpoll.get(), EPOLL_CTL_ADD, added.fd(), &event) == 0) return true;
-    BINDER_LOGE("a connection cannot be watched: %s", strerror(errno));
-    drop(added);
+    place->second = std::move(*connection);
+    ++count;
+    mConnectionCount = mConnections.size();
     return true;
 }
 
-void WorkerPool::start() {
+/// The kernel refuses for want of memory only.
+bool WorkerPool::watch(Connection& connection) const {
+    epoll_event event{kOnce, {}};
+    event.data.ptr = &connection;
+    return epoll_ctl(mEpoll.get(), EPOLL_CTL_ADD, connection.fd(), &event) == 0;
+}
+
+bool WorkerPool::start() {
     const std::lock_guard<std::mutex> guard(mLock);
-    if (mStarted) return;
     mStarted = true;
-    spawn();
+    if (mPoolThreads == 0) spawn();
+    return mPoolThreads > 0;
 }
 
 void WorkerPool::setMaxThreads(size_t count) {
@@ -82,6 +100,8 @@ void WorkerPool::spawnIfNobodyWaits() {
 }
 
 void WorkerPool::work() {
+    while (!open())
+        std::this_thread::sleep_for(kPause);
     for (;;)
         serve(*nextReady());
 }
@@ -103,13 +123,16 @@ void WorkerPool::serve(Connection& connection) {
 
 void WorkerPool::serveCalls(Connection& connection) {
     Wait wait = Wait::kNo;
-    for (int served = 0;; ++served) {
+    for (int count = 0;; ++count) {
         Frame frame;
         const Received received = connection.receive(&frame, wait);
         if (received == Received::kNothing) return putBack(connection);
-        if (received != Received::kFrame || frame.header.kind != FrameKind::kCall) return drop(connection);
-        if (!serveCall(connection, &frame)) return drop(connection);
-        if (!mayStay(served)) return putBack(connection);
+        const bool isFrame = received == Received::kFrame || received == Received::kTooLarge;
+        if (!isFrame || frame.header.kind != FrameKind::kCall) return drop(connection);
+        const bool served =
+            received == Received::kFrame ? serveCall(connection, &frame) : refuseCall(connection, NO_MEMORY);
+        if (!served) return drop(connection);
+        if (!mayStay(count)) return putBack(connection);
         wait = Wait::kBriefly;
     }
 }
@@ -119,11 +142,16 @@ void WorkerPool::serveOneway(Connection& connection) {
     Frame frame;
     const Received received = connection.receive(&frame, Wait::kNo);
     if (received == Received::kNothing) return putBack(connection);
+    if (received == Received::kTooLarge) {
+        BINDER_LOGE("a one-way call is lost: no memory");
+        return putBack(connection);
+    }
     if (received != Received::kFrame || frame.header.kind != FrameKind::kOneway) return drop(connection);
-    auto call = std::make_unique<OnewayCall>(connection, &frame);
+    auto call = patiently([] { return std::make_unique<OnewayCall>(); });
+    call->take(connection, &frame);
     const sp<BBinder> object = call->object;
-    const bool mustDrain = object != nullptr && mOneway.push(std::move(call));
-    if (mOneway.hasRoom(connection)) putBack(connection);
+    const bool mustDrain = object != nullptr && patiently([&] { return mOneway.push(&call); });
+    if (patiently([&] { return mOneway.hasRoom(connection); })) putBack(connection);
     if (mustDrain) mOneway.drain(object.get());
 }
 

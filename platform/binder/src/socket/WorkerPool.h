@@ -24,16 +24,23 @@ class WorkerPool {
   public:
     WorkerPool();
 
-    /// Any thread. Calls wait in their sockets until there is a thread to serve them.
-    /// @return false, and the connection is closed, when its process has as many as one is allowed.
-    bool add(std::unique_ptr<Connection> connection);
+    /// What it needs to take connections in. @return false, which is logged, when there is no descriptor
+    /// left; to be called until it is true, before add().
+    bool open();
 
-    void start();
+    /// Any thread. Calls wait in their sockets until there is a thread to serve them. Takes the connection
+    /// over, or throws std::bad_alloc and has changed nothing.
+    /// @return false when its process has as many as one is allowed.
+    bool add(std::unique_ptr<Connection>* connection);
+
+    /// @return false when there is no thread to be had for the moment; to be called again then.
+    bool start();
     void setMaxThreads(size_t count);
     /// Serves calls on the calling thread for ever.
     [[noreturn]] void join();
 
   private:
+    bool watch(Connection& connection) const;
     void spawn();
     void spawnIfNobodyWaits();
     [[noreturn]] void work();
@@ -45,7 +52,7 @@ class WorkerPool {
     void putBack(Connection& connection);
     void drop(Connection& connection);
 
-    const RuntimeFd mEpoll;
+    RuntimeFd mEpoll;
     OnewayQueue mOneway;
     std::atomic<int> mWaiting{0};  // threads that look after the set
 
