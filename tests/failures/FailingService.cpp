@@ -3,6 +3,7 @@
 #include <binder/IServiceManager.h>
 #include <binder/ProcessState.h>
 
+#include "tests/failures/ShortTransfer.h"
 #include "tests/platform/TestObjects.h"
 #include "tests/platform/TestService.h"
 
@@ -17,10 +18,16 @@ CHILD_ROLE(failingService) {
     const status_t status =
         defaultServiceManager()->addService(String16(args.at(0).c_str()), makeTestService());
     parent.send(std::to_string(status));
+    exemptThisThread();
     for (;;) {
         const std::string wish = parent.expectLine(std::chrono::minutes(10));
         if (wish == "disarm") {
             parent.send(disarmFailure() ? "1" : "0");
+            continue;
+        }
+        if (wish == "shorten") {
+            parent.send("short");
+            shortenTransfers();
             continue;
         }
         const auto what = static_cast<Failing>(std::stoi(wish));
@@ -47,6 +54,11 @@ void FailingService::arm(Failing what, int n, int error) {
 bool FailingService::disarm() {
     mProcess.send("disarm");
     return mProcess.expectLine() == "1";
+}
+
+void FailingService::shortenTransfers() {
+    mProcess.send("shorten");
+    EXPECT_EQ("short", mProcess.expectLine());
 }
 
 bool FailingService::isWell() {

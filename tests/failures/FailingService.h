@@ -20,6 +20,8 @@ class FailingService {
     void arm(Failing what, int n, int error);
     /// @return whether the failure happened.
     bool disarm();
+    /// Cuts what its sockets move; see ShortTransfer.h.
+    void shortenTransfers();
     /// Whether it serves still, at the end of everything that failed in it.
     bool isWell();
 

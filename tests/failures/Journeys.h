@@ -1,6 +1,7 @@
 // What a client does with the runtime, told so that it can be done again and again while something fails.
 #pragma once
 
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -20,6 +21,9 @@ struct Journey {
     void (*prepare)(const std::string& service);
     Outcome (*run)(const std::string& service);
 };
+
+/// How GoogleTest shows one.
+inline void PrintTo(const Journey& journey, std::ostream* out) { *out << journey.name; }
 
 const std::vector<Journey>& journeys();
 

@@ -11,10 +11,11 @@ std::atomic<int> gAllocationsLeft{0};
 std::atomic<int> gSystemCallsLeft{0};
 std::atomic<int> gError{0};
 std::atomic<bool> gHappened{false};
+thread_local bool tExempt = false;
 
 /// Counts down to the failure; below zero nothing is armed.
 bool isItsTurn(std::atomic<int>* left) {
-    if (*left <= 0 || left->fetch_sub(1) != 1) return false;
+    if (tExempt || *left <= 0 || left->fetch_sub(1) != 1) return false;
     gHappened = true;
     return true;
 }
@@ -32,6 +33,9 @@ bool disarmFailure() {
     gSystemCallsLeft = 0;
     return gHappened;
 }
+
+void exemptThisThread() { tExempt = true; }
+bool isThisThreadExempt() { return tExempt; }
 
 bool isAllocationToFail() { return isItsTurn(&gAllocationsLeft); }
 

@@ -18,6 +18,11 @@ void armFailure(Failing what, int n, int error = 0);
 /// @return whether the armed failure has happened. None is armed from here on.
 bool disarmFailure();
 
+/// The calling thread's calls are neither counted nor cut short: it belongs to the test, not to what is
+/// tested.
+void exemptThisThread();
+bool isThisThreadExempt();
+
 /// For the stand-ins: counts one call. @return whether it is the one that fails.
 bool isAllocationToFail();
 /// @param possible the errors that this call can have. @return the one to fail with; 0 for going on.

@@ -17,7 +17,7 @@ std::atomic<bool> gShutDown{false};
 /// Holds the thread's state in memory of its own: a call is never served under a wrong identity because there
 /// was none left.
 struct StateOfThread {
-    alignas(IPCThreadState) unsigned char place[sizeof(IPCThreadState)];
+    alignas(IPCThreadState) unsigned char place[sizeof(IPCThreadState)] = {};
     IPCThreadState* state = nullptr;
     ~StateOfThread() {
         if (state != nullptr) std::exchange(state, nullptr)->~IPCThreadState();

@@ -47,6 +47,7 @@ bool Acceptor::open() {
         return false;
     }
     const uint64_t watch = watchListener(listener);
+    if (watch == 0) return false;
     if (mWatch != 0) mNode.reactor.forget(mWatch, mListener->get());
     mWatch = watch;
     mListener = std::move(listener);
@@ -55,9 +56,10 @@ bool Acceptor::open() {
 
 /// A socket without its name is one that nobody finds.
 bool Acceptor::isOpenLocked() const {
+    if (mListener == nullptr) return false;
     struct stat state {};
-    return mListener != nullptr && lstat(mNode.folder.pathOf(mNode.id.toString()).c_str(), &state) == 0 &&
-           S_ISSOCK(state.st_mode);
+    const int found = lstat(mNode.folder.pathOf(mNode.id.toString()).c_str(), &state);
+    return found == 0 ? S_ISSOCK(state.st_mode) : errno != ENOENT && errno != ENOTDIR;
 }
 
 uint64_t Acceptor::watchListener(const Listener& listener) {

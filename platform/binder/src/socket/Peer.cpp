@@ -36,6 +36,7 @@ bool isGone(int error) { return error == ECONNREFUSED || error == ENOENT; }
 
 Peer::Peer(Node& node, const PeerId& id) : mNode(node), mId(id) {
     mOutbox.reserve(kUsualMessages * sizeof(LinkMessage));
+    mIdle.reserve(kMaxIdle);  // so that a call that went well does not fail at its very end
 }
 
 Peer::~Peer() { mNode.peers.forget(*this); }
@@ -72,7 +73,7 @@ std::unique_ptr<Connection> Peer::open(ConnectionKind kind, status_t* status) {
     Credentials credentials;
     *status = dial(&fd, &credentials);
     if (*status == DEAD_OBJECT && errno == ENOENT && livesOn()) {
-        BINDER_LOGE("process %d lives, but its socket is not in the runtime folder any more", mPid);
+        BINDER_LOGE("a process lives, but its socket is not in the runtime folder any more");
         *status = FAILED_TRANSACTION;
     }
     if (*status != NO_ERROR) return nullptr;
@@ -264,7 +265,7 @@ void Peer::tellForSure(const LinkMessage& message) {
         patiently([&] { tell(message); });
         return NO_ERROR;
     });
-    if (said != NO_ERROR) BINDER_LOGE("an object of process %d is kept alive in vain", mPid);
+    if (said != NO_ERROR) BINDER_LOGE("an object of another process is kept alive in vain");
 }
 
 /// Always on the first link, so that messages keep their order. They wait while there is none: a process may

@@ -41,7 +41,11 @@ int waitForLock(int lock) {
     return NO_ERROR;
 }
 
-int readError() { return errno == ENOENT || errno == ELOOP || errno == ENXIO ? NAME_NOT_FOUND : -errno; }
+/// Something else in the place of an entry is no entry.
+int readError() {
+    const bool isNone = errno == ENOENT || errno == ELOOP || errno == ENXIO || errno == EACCES;
+    return isNone ? static_cast<int>(NAME_NOT_FOUND) : -errno;
+}
 
 }  // namespace
 
@@ -130,9 +134,11 @@ RuntimeFd ServiceDirectory::watchFolder() const {
 /// @param watch closed when the folder is there no more.
 void ServiceDirectory::waitForChange(RuntimeFd* watch, steady_clock::time_point deadline) {
     const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - steady_clock::now());
-    // Without a watch, when the system has none left, the condition is asked now and then.
-    constexpr int64_t kNowAndThen = 100;
-    const int64_t limit = watch->isOpen() ? left.count() : std::min(left.count(), kNowAndThen);
+    // The condition may also have failed for a reason that passes without a change, and without a watch, when
+    // the system has none left, nothing else would tell.
+    constexpr int64_t kWatched = 500;
+    constexpr int64_t kUnwatched = 100;
+    const int64_t limit = std::min(left.count(), watch->isOpen() ? kWatched : kUnwatched);
     pollfd change{watch->get(), POLLIN, 0};
     if (poll(&change, 1, static_cast<int>(std::max<int64_t>(limit, 0))) <= 0) return;
     alignas(inotify_event) char events[4096];
