@@ -82,6 +82,7 @@ status_t takeReply(Frame* frame, Parcel* reply) {
     Parcel unwanted;
     Parcel& answer = reply != nullptr ? *reply : unwanted;
     answer.freeData();
+    if (frame->body.bytes() == nullptr) return NO_MEMORY;
     decode(frame, &answer);
     return static_cast<status_t>(frame->header.code);
 }
@@ -96,14 +97,6 @@ status_t awaitReply(Connection& connection, Parcel* reply, bool* intact) {
         if (received == Received::kFrame && frame.header.kind == FrameKind::kReply) {
             *intact = true;
             return takeReply(&frame, reply);
-        }
-        if (received == Received::kTooLarge && frame.header.kind == FrameKind::kReply) {
-            *intact = true;
-            return NO_MEMORY;
-        }
-        if (received == Received::kTooLarge && frame.header.kind == FrameKind::kCall) {
-            if (refuseCall(connection, NO_MEMORY)) continue;
-            return DEAD_OBJECT;
         }
         if (received == Received::kFrame && frame.header.kind == FrameKind::kCall) {
             if (serveCall(connection, &frame)) continue;
@@ -156,6 +149,7 @@ status_t callOneway(Peer& peer, const Token& token, uint32_t code, const Parcel&
 }
 
 bool serveCall(Connection& connection, Frame* frame) {
+    if (frame->body.bytes() == nullptr) return sendReply(connection, NO_MEMORY, Parcel());
     const FrameHeader header = frame->header;
     Parcel data;
     decode(frame, &data);
@@ -173,8 +167,6 @@ bool serveCall(Connection& connection, Frame* frame) {
     });
     return sendReply(connection, status, reply);
 }
-
-bool refuseCall(Connection& connection, status_t status) { return sendReply(connection, status, Parcel()); }
 
 void OnewayCall::take(const Connection& connection, Frame* frame) {
     object = Node::instance().exports.find(frame->header.target);

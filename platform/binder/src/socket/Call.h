@@ -22,9 +22,6 @@ status_t callOneway(Peer& peer, const Token& token, uint32_t code, const Parcel&
 /// @return false when the connection is gone.
 bool serveCall(Connection& connection, Frame* frame);
 
-/// Answers a call that came over @p connection with @p status. @return false when the connection is gone.
-bool refuseCall(Connection& connection, status_t status);
-
 /// A one-way call that waits for its turn.
 struct OnewayCall {
     sp<BBinder> object;  ///< null when it is gone; the call is dropped then

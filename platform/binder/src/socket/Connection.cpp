@@ -126,10 +126,9 @@ Received Connection::receive(Frame* frame, Wait wait) {
         // The other end has to wait for us before it may say more.
         if (mBodyBytes > streamedSize(mFrame.header)) return Received::kBroken;
         if (!descriptorsComplete() || !takeSharing()) return Received::kBroken;
-        const bool exhausted = isExhausted();
-        if (!exhausted && !areRecordsSound(mFrame.header, mFrame.body.bytes())) return Received::kBroken;
+        if (!isExhausted() && !areRecordsSound(mFrame.header, mFrame.body.bytes())) return Received::kBroken;
         finish(frame);
-        return exhausted ? Received::kTooLarge : Received::kFrame;
+        return Received::kFrame;
     }
 }
 

@@ -39,7 +39,7 @@ class Block {
 };
 
 /// A received frame: sound as Frame.h tells, its body in @c body, its descriptors in @c fds. Descriptors that
-/// nobody takes are closed.
+/// nobody takes are closed. Without memory for the body there is none, and the connection is as good as before.
 struct Frame {
     FrameHeader header;
     Block body;
@@ -56,7 +56,6 @@ enum class Received {
     kNothing,  ///< not (yet) a whole frame; only when asked not to wait, or after the socket's own time limit
     kClosed,   ///< by the other end, or by an error of the socket
     kBroken,   ///< what came is no frame; the connection is useless now
-    kTooLarge  ///< a frame for which there is no memory: it has no body, and is gone; the connection is good
 };
 
 enum class Wait { kNo, kBriefly, kForever };

@@ -123,16 +123,13 @@ void WorkerPool::serve(Connection& connection) {
 
 void WorkerPool::serveCalls(Connection& connection) {
     Wait wait = Wait::kNo;
-    for (int count = 0;; ++count) {
+    for (int served = 0;; ++served) {
         Frame frame;
         const Received received = connection.receive(&frame, wait);
         if (received == Received::kNothing) return putBack(connection);
-        const bool isFrame = received == Received::kFrame || received == Received::kTooLarge;
-        if (!isFrame || frame.header.kind != FrameKind::kCall) return drop(connection);
-        const bool served =
-            received == Received::kFrame ? serveCall(connection, &frame) : refuseCall(connection, NO_MEMORY);
-        if (!served) return drop(connection);
-        if (!mayStay(count)) return putBack(connection);
+        if (received != Received::kFrame || frame.header.kind != FrameKind::kCall) return drop(connection);
+        if (!serveCall(connection, &frame)) return drop(connection);
+        if (!mayStay(served)) return putBack(connection);
         wait = Wait::kBriefly;
     }
 }
@@ -142,11 +139,11 @@ void WorkerPool::serveOneway(Connection& connection) {
     Frame frame;
     const Received received = connection.receive(&frame, Wait::kNo);
     if (received == Received::kNothing) return putBack(connection);
-    if (received == Received::kTooLarge) {
+    if (received != Received::kFrame || frame.header.kind != FrameKind::kOneway) return drop(connection);
+    if (frame.body.bytes() == nullptr) {
         BINDER_LOGE("a one-way call is lost: no memory");
         return putBack(connection);
     }
-    if (received != Received::kFrame || frame.header.kind != FrameKind::kOneway) return drop(connection);
     auto call = patiently([] { return std::make_unique<OnewayCall>(); });
     call->take(connection, &frame);
     const sp<BBinder> object = call->object;
