@@ -39,7 +39,8 @@ class Block {
 };
 
 /// A received frame: sound as Frame.h tells, its body in @c body, its descriptors in @c fds. Descriptors that
-/// nobody takes are closed. Without memory for the body there is none, and the connection is as good as before.
+/// nobody takes are closed. Without memory for the body there is none, and the connection is as good as
+/// before.
 struct Frame {
     FrameHeader header;
     Block body;
