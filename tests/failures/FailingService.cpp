@@ -18,7 +18,7 @@ CHILD_ROLE(failingService) {
     const status_t status =
         defaultServiceManager()->addService(String16(args.at(0).c_str()), makeTestService());
     parent.send(std::to_string(status));
-    exemptThisThread();
+    const TestsOwn conversation;
     for (;;) {
         const std::string wish = parent.expectLine(std::chrono::minutes(10));
         if (wish == "disarm") {

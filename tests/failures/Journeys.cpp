@@ -10,6 +10,7 @@
 #include <memory>
 #include <stdexcept>
 
+#include "tests/failures/NthFailure.h"
 #include "tests/platform/TestObjects.h"
 #include "tests/platform/TestService.h"
 
@@ -23,6 +24,20 @@ sp<IBinder> gService;
 std::unique_ptr<ServiceProcess> gVictim;
 
 String16 text(const std::string& plain) { return String16(plain.c_str()); }
+
+/// What @p make returns, without a failure in between.
+template <typename Make>
+auto own(const Make& make) {
+    const TestsOwn calls;
+    return make();
+}
+
+sp<IBinder> newObject() {
+    return own([] {
+        return sp<IBinder>(new FunctionObject(
+            [](uint32_t, const Parcel&, Parcel* reply, uint32_t) { return reply->writeInt32(7); }));
+    });
+}
 
 Outcome outcomeOf(status_t status) {
     // A process that lives is never told dead because memory or descriptors ran out.
@@ -55,8 +70,8 @@ Outcome get(const std::string& service) {
 }
 
 Outcome add(const std::string& service) {
-    const std::string name = service + ".added";
-    return outcomeOf(defaultServiceManager()->addService(text(name), new BBinder));
+    const String16 name = own([&] { return text(service + ".added"); });
+    return outcomeOf(defaultServiceManager()->addService(name, newObject()));
 }
 
 Outcome list(const std::string& service) {
@@ -84,9 +99,7 @@ Outcome callLarge(const std::string& /*service*/) {
 
 /// The parcel's own error, which a caller who checks no write finds at the call.
 status_t fillWithObjects(Parcel* request) {
-    const sp<IBinder> local =
-        new FunctionObject([](uint32_t, const Parcel&, Parcel*, uint32_t) { return NO_ERROR; });
-    request->writeStrongBinder(local);
+    request->writeStrongBinder(newObject());
     request->writeStrongBinder(gService);
     request->writeFileDescriptor(STDIN_FILENO);
     return request->errorCheck();
@@ -113,10 +126,8 @@ Outcome sendOneway(const std::string& /*service*/) {
 
 /// A process is called back on an object of its own.
 Outcome callBack(const std::string& /*service*/) {
-    const sp<IBinder> mine = new FunctionObject(
-        [](uint32_t, const Parcel&, Parcel* reply, uint32_t) { return reply->writeInt32(7); });
     Call call(gService, kCallerAround);
-    call << mine;
+    call << newObject();
     return outcomeOf(call.run());
 }
 
@@ -134,13 +145,15 @@ Outcome dump(const std::string& /*service*/) {
 /// The process that dies is another one at every run.
 Outcome hearOfDeath(const std::string& /*service*/) {
     if (gVictim == nullptr) gVictim = std::make_unique<ServiceProcess>();
-    const sp<Recipient> recipient = new Recipient;
+    const sp<Recipient> recipient = own([] { return sp<Recipient>(new Recipient); });
     const status_t linked = gVictim->object()->linkToDeath(recipient);
-    gVictim->kill();
-    const bool told = linked != NO_ERROR || recipient->isTold();
-    gVictim = nullptr;
-    if (!told) return Outcome::kWrong;
-    return outcomeOf(linked);
+    const bool told = own([&] {
+        gVictim->kill();
+        const bool heard = linked != NO_ERROR || recipient->isTold();
+        gVictim = nullptr;
+        return heard;
+    });
+    return told ? outcomeOf(linked) : Outcome::kWrong;
 }
 
 }  // namespace

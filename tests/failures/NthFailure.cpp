@@ -34,8 +34,9 @@ bool disarmFailure() {
     return gHappened;
 }
 
-void exemptThisThread() { tExempt = true; }
-bool isThisThreadExempt() { return tExempt; }
+TestsOwn::TestsOwn() { tExempt = true; }
+TestsOwn::~TestsOwn() { tExempt = false; }
+bool TestsOwn::isHere() { return tExempt; }
 
 bool isAllocationToFail() { return isItsTurn(&gAllocationsLeft); }
 

@@ -18,10 +18,17 @@ void armFailure(Failing what, int n, int error = 0);
 /// @return whether the armed failure has happened. None is armed from here on.
 bool disarmFailure();
 
-/// The calling thread's calls are neither counted nor cut short: it belongs to the test, not to what is
-/// tested.
-void exemptThisThread();
-bool isThisThreadExempt();
+/// While it lives, what the calling thread does is the test's own business: neither counted nor cut short.
+class TestsOwn {
+  public:
+    TestsOwn();
+    ~TestsOwn();
+    TestsOwn(const TestsOwn&) = delete;
+    TestsOwn& operator=(const TestsOwn&) = delete;
+
+    /// Whether one lives on this thread.
+    static bool isHere();
+};
 
 /// For the stand-ins: counts one call. @return whether it is the one that fails.
 bool isAllocationToFail();

@@ -19,7 +19,7 @@ std::atomic<size_t> gTransfers{0};
 void shortenTransfers() { gShort = true; }
 
 size_t shortened(size_t size) {
-    return gShort && !isThisThreadExempt() ? std::min(size, gTransfers++ % kMostBytes + 1) : size;
+    return gShort && !TestsOwn::isHere() ? std::min(size, gTransfers++ % kMostBytes + 1) : size;
 }
 
 }  // namespace accessory::test
