@@ -111,6 +111,7 @@ CHILD_ROLE(fillTheFolder) {
     EXPECT_EQ(nullptr, manager()->checkService(text("any")));
     EXPECT_EQ(0, mount("none", folder().c_str(), "tmpfs", MS_REMOUNT, "nr_inodes=100,mode=0700"));
     EXPECT_EQ(NO_ERROR, manager()->addService(text("any"), new BBinder));
+    ProcessState::self()->startThreadPool();
     expectFoundByOthers("any");
     umount2(folder().c_str(), MNT_DETACH);
     return 0;

@@ -11,8 +11,7 @@
 
 namespace android {
 
-BpBinder::BpBinder(std::unique_ptr<runtime::RemoteObject> remote)
-    : mRemote(std::move(remote)), mAttached(std::make_unique<runtime::AttachedObjects>()) {}
+BpBinder::BpBinder(std::unique_ptr<runtime::RemoteObject> remote) : mRemote(std::move(remote)) {}
 
 BpBinder::~BpBinder() = default;
 
@@ -108,10 +107,26 @@ void BpBinder::sendObituary() {
 
 void BpBinder::attachObject(const void* objectID, void* object, void* cleanupCookie,
                             object_cleanup_func func) {
+    {
+        const std::lock_guard<std::mutex> guard(mLock);
+        if (mAttached == nullptr) mAttached = std::make_unique<runtime::AttachedObjects>();
+    }
     mAttached->attach(objectID, object, cleanupCookie, func);
 }
 
-void* BpBinder::findObject(const void* objectID) const { return mAttached->find(objectID); }
-void BpBinder::detachObject(const void* objectID) { mAttached->detach(objectID); }
+/// Null as long as nothing was attached: a proxy cannot fail half made, which libutils takes badly.
+runtime::AttachedObjects* BpBinder::attached() const {
+    const std::lock_guard<std::mutex> guard(mLock);
+    return mAttached.get();
+}
+
+void* BpBinder::findObject(const void* objectID) const {
+    const runtime::AttachedObjects* const objects = attached();
+    return objects != nullptr ? objects->find(objectID) : nullptr;
+}
+
+void BpBinder::detachObject(const void* objectID) {
+    if (runtime::AttachedObjects* const objects = attached()) objects->detach(objectID);
+}
 
 }  // namespace android

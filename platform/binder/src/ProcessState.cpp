@@ -1,5 +1,6 @@
 #include <binder/ProcessState.h>
 
+#include "OutOfMemory.h"
 #include "Transport.h"
 
 namespace android {
@@ -8,7 +9,8 @@ ProcessState::ProcessState() = default;
 ProcessState::~ProcessState() = default;
 
 sp<ProcessState> ProcessState::self() {
-    static const auto* const instance = new sp<ProcessState>(new ProcessState());
+    static const auto* const instance =
+        runtime::patiently([] { return new sp<ProcessState>(new ProcessState()); });
     runtime::Transport::instance();
     return *instance;
 }

@@ -77,7 +77,8 @@ const String16& IServiceManager::getInterfaceDescriptor() const {
 }
 
 sp<IServiceManager> defaultServiceManager() {
-    static const auto* const manager = new sp<IServiceManager>(new ServiceManager());
+    static const auto* const manager =
+        runtime::patiently([] { return new sp<IServiceManager>(new ServiceManager()); });
     return *manager;
 }
 

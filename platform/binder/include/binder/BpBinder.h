@@ -58,8 +58,10 @@ class BINDER_EXPORT BpBinder : public IBinder {
         uint32_t flags;
     };
 
+    runtime::AttachedObjects* attached() const;
+
     const std::unique_ptr<runtime::RemoteObject> mRemote;
-    const std::unique_ptr<runtime::AttachedObjects> mAttached;
+    std::unique_ptr<runtime::AttachedObjects> mAttached;  // made with the first, guarded by mLock until then
     std::atomic<bool> mAlive{true};
     mutable std::mutex mLock;
     bool mObituariesSent = false;

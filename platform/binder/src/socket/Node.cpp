@@ -45,10 +45,7 @@ void removeSocket() {
 
 Node& Node::instance() {
     if (RuntimeFd::isForkedChild()) refuseForkedChild();
-    static Node* const node = [] {
-        auto* const made = new Node();
-        return made;
-    }();
+    static Node* const node = patiently([] { return new Node(); });
     static const int registered = std::atexit(removeSocket);
     static_cast<void>(registered);
     return *node;

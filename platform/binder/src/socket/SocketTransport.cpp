@@ -95,7 +95,7 @@ std::vector<std::string> SocketTransport::names() {
 
 Transport& Transport::instance() {
     Node::instance();  // refuses in a forked child
-    static auto* const transport = new SocketTransport();
+    static auto* const transport = patiently([] { return new SocketTransport(); });
     return *transport;
 }
 
