@@ -41,8 +41,7 @@ class ACCESSORY_EXPORT IAppleiAP2Manager : public android::IInterface {
     virtual int setDisplayName(const char* displayName) = 0;
 
     /// Sets the accessory's Bluetooth address. @param addr @p len bytes of the caller's. A receiver may get
-    /// null, whatever
-    /// @p len says, when there was no memory for them.
+    /// null, whatever @p len says, when there was no memory for them.
     virtual int setBluetoothAddr(unsigned char* addr, unsigned int len) = 0;
 
     /// Starts the transport.
@@ -277,12 +276,12 @@ class ACCESSORY_EXPORT IAppleiAP2Manager : public android::IInterface {
     /// Sends a tone. @param callUuid may be null.
     virtual int SendDTMF(unsigned int accId, int tone, const char* callUuid) = 0;
 
-    /// Starts a CarPlay session. @param wired, @param wireless null when not wanted that way.
+    /// Starts a CarPlay session. @param wired,wireless null when not wanted that way.
     virtual int CarPlayStartSession(unsigned int accId, CPStartSessionWiredAttributes* wired,
                                     CPStartSessionWirelessAttributes* wireless, unsigned int value,
                                     const char* string1, const char* string2, const char* string3) = 0;
 
-    /// Sends pairing information. @param block1, @param block2 each null or two arrays of 16 bytes in a row.
+    /// Sends pairing information. @param block1,block2 each null or two arrays of 16 bytes in a row.
     virtual int BluetoothPairingAccessoryInformation(unsigned int accId, unsigned short value,
                                                      unsigned char (*block1)[16],
                                                      unsigned char (*block2)[16]) = 0;
@@ -582,6 +581,7 @@ class ACCESSORY_EXPORT AppleiAP2NotifierDeathRecipient : public android::IBinder
     AppleiAP2NotifierDeathRecipient(const android::sp<BnAppleiAP2Manager>& manager, int pid);
     ~AppleiAP2NotifierDeathRecipient() override;
 
+    /// Called by the runtime when the client's process has ended.
     void binderDied(const android::wp<android::IBinder>& who) override;
 
   private:

@@ -250,6 +250,12 @@ class ACCESSORY_EXPORT AppleiAP2ManagerNotifierImplItf : public virtual android:
   public:
     ~AppleiAP2ManagerNotifierImplItf() override;
 
+    /// @name Events
+    /// @{
+
+    /// Takes the event of IAppleiAP2ManagerNotifier that has the same name, where its arguments are told.
+    /// They are borrowed until it returns.
+    /// @return 0, or an error, which the service logs.
     virtual int notify(unsigned int accId, unsigned int event) = 0;
     virtual int attach(unsigned int accId) = 0;
     virtual int detach(unsigned int accId) = 0;
@@ -306,6 +312,8 @@ class ACCESSORY_EXPORT AppleiAP2ManagerNotifierImplItf : public virtual android:
     virtual int DestinationInformation(unsigned int accId, const DestinationInfo* info) = 0;
     virtual int AssistiveTouchInformation(unsigned int accId, bool enabled) = 0;
     virtual int CarPlayMatchedDigitalCarKeys(unsigned int accId, std::vector<std::string>& keys) = 0;
+
+    /// @}
 };
 
 /// The client's side: takes events apart and hands them to the implementation.
