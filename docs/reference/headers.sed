@@ -2,3 +2,13 @@
 s|^ +DECLARE_META_INTERFACE\((.*)\)|    /** The name of the interface, by which its service is published. */ static const android::String16 descriptor; /** The interface behind @p obj: the object itself when it lives in this process, else a new proxy; null for null. */ static android::sp<I\1> asInterface(const android::sp<android::IBinder>\& obj); /** @return @ref descriptor. */ virtual const android::String16\& getInterfaceDescriptor() const;|
 s/android::BnInterface<(I[A-Za-z0-9]+)>/\1, public android::BBinder/
 s/android::BpInterface<(I[A-Za-z0-9]+)>/\1, public android::BpRefBase/
+# What a header is for stands in its first lines.
+1 s|^// ?|/** |
+1,/^#pragma once/ {
+    s|^// ?||
+    s|^#pragma once|@file */|
+}
+# Of private structures it writes nothing but a link to them.
+/^  private:/,/^};/ {
+    /^    struct [A-Za-z]+ \{/,/^    \};/ s/.*//
+}

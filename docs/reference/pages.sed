@@ -2,6 +2,6 @@
 # nowhere; the examples lie beside the built pages, other sources do not.
 s|\]\(([^():]+\.md)#[^()]*\)|](\1)|g
 s|\[([^][]*)\]\(#[^()]*\)|\1|g
-s#\]\((\.\./)*examples/([a-z_]+\.cpp)\)#](@\2)#g
+s#\]\((\.\./)*examples/([A-Za-z_]+\.(cpp|h))\)#](@\2)#g
 s#\[([^][!]*)\]\([^@():]*(/|\.(cpp|h|json|txt|cmake|sed))\)#\1#g
 s#\]\(@#](#g

@@ -561,6 +561,9 @@ class ACCESSORY_EXPORT MediaLibUpdateInfo : public virtual android::RefBase {
     int32_t mValues[5] = {};            ///< in the order in which they are sent
 };
 
+/// @name For people
+/// @{
+
 /// The record for a reader: its name and the fields that are present, e.g.
 /// `iAP2MediaItem{id: 7, title: "Blue"}`.
 ACCESSORY_EXPORT std::string toString(const iAP2MediaItem& record);
@@ -571,5 +574,7 @@ ACCESSORY_EXPORT std::string toString(const iAP2MediaPlaylistDelId& record);
 ACCESSORY_EXPORT std::string toString(const iAP2MediaLibGroupData& record);
 ACCESSORY_EXPORT std::string toString(const iAP2MediaLibData& record);
 ACCESSORY_EXPORT std::string toString(const MediaLibUpdateInfo& record);
+
+/// @}
 
 }  // namespace accessory

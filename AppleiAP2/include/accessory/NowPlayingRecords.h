@@ -347,9 +347,14 @@ class ACCESSORY_EXPORT IiAP2MediaPlayback : public iAP2MediaPlayback {
     }
 };
 
+/// @name For people
+/// @{
+
 /// The record for a reader: its name and the fields that are present, e.g.
 /// `iAP2MediaPlayback{queueIndex: 3}`.
 ACCESSORY_EXPORT std::string toString(const iAP2ItemAttribute& record);
 ACCESSORY_EXPORT std::string toString(const iAP2MediaPlayback& record);
+
+/// @}
 
 }  // namespace accessory

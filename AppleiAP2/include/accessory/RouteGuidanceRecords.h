@@ -513,11 +513,16 @@ class ACCESSORY_EXPORT ILaneGuidanceInformation : public LaneGuidanceInfo {
     }
 };
 
+/// @name For people
+/// @{
+
 /// The record for a reader: its name and the fields that are present, e.g.
 /// `RouteGuidaceUpdateInfo{displayID: [1, 2], currentRoadName: "High Street"}`.
 ACCESSORY_EXPORT std::string toString(const RouteGuidaceUpdateInfo& record);
 ACCESSORY_EXPORT std::string toString(const RuoteGuidanceManeuverUpdateInfo& record);
 ACCESSORY_EXPORT std::string toString(const LaneInformation& lane);
 ACCESSORY_EXPORT std::string toString(const LaneGuidanceInfo& record);
+
+/// @}
 
 }  // namespace accessory
