@@ -27,6 +27,9 @@ namespace accessory {
 /// has answered, may be called from any thread, and gives 0 or null when the service cannot be reached: that
 /// is logged, and cannot be told from a service's own answer. What is passed in belongs to the caller; what a
 /// receiver is given is valid until it returns.
+///
+/// Texts end with NUL and are not null unless the operation says so: a null one is left out, and the receiver
+/// misreads what follows. What numbers called value, action, type and the like mean, the service defines.
 class ACCESSORY_EXPORT IAppleiAP2Manager : public android::IInterface {
   public:
     DECLARE_META_INTERFACE(AppleiAP2Manager)

@@ -20,6 +20,9 @@ namespace accessory {
 /// and returns the receiver's status, 0 for success. Through a proxy it blocks until the receiver has
 /// answered, may be called from any thread, and gives 0 when the receiver cannot be reached: that is logged.
 /// Strings, records, buffers and lists that a receiver is given are valid until it returns.
+///
+/// Texts end with NUL; a sender's are not null unless the event says so: a null one is left out, and the
+/// receiver misreads what follows. Numbers mean what the service defines.
 class ACCESSORY_EXPORT IAppleiAP2ManagerNotifier : public android::IInterface {
   public:
     DECLARE_META_INTERFACE(AppleiAP2ManagerNotifier)
