@@ -8,7 +8,16 @@ s/android::BpInterface<(I[A-Za-z0-9]+)>/\1, public android::BpRefBase/
     s|^// ?||
     s|^#pragma once|@file */|
 }
-# Of private structures it writes nothing but a link to them.
+# Of private types it writes nothing but a link to them.
 /^  private:/,/^};/ {
-    /^    struct [A-Za-z]+ \{/,/^    \};/ s/.*//
+    /^    template <.*>$/ N
+    /(^|\n)    (struct|class) [A-Za-z]+[^;]*\{$/ {
+        :type
+        N
+        /\n    \};$/! b type
+        s/[^\n]//g
+    }
 }
+# A mock has the operations of what it mocks, which are documented there.
+/^ +MOCK_METHOD\(.*\);$/ s/.*//
+/^ +MOCK_METHOD\(/,/\);$/ s/.*//
