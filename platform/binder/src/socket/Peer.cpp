@@ -7,10 +7,12 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <cstring>
 #include <utility>
 
 #include "../Log.h"
+#include "Limits.h"
 #include "Node.h"
 #include "SocketRemote.h"
 
@@ -25,16 +27,24 @@ constexpr size_t kMaxIdle = 16;
 /// at once until there is room again.
 constexpr int kOnewayPatienceMs = 1000;
 
+/// How long to leave alone what cannot be had or sent just now.
+constexpr std::chrono::milliseconds kPause{50};
+
 bool isGone(int error) { return error == ECONNREFUSED || error == ENOENT; }
 
 }  // namespace
 
-Peer::Peer(Node& node, const PeerId& id) : mNode(node), mId(id) {}
+Peer::Peer(Node& node, const PeerId& id) : mNode(node), mId(id), mHomecoming(Secret::random()) {}
 
-Peer::~Peer() { mNode.peers.forget(*this); }
+/// Nothing that the peer has sent is still under way here.
+Peer::~Peer() {
+    if (RuntimeFd::isForkedChild()) return;
+    mNode.peers.forget(*this);
+    mNode.letGo(mNode.exports.dropHolder(mHomecoming));
+}
 
-std::unique_ptr<Connection> Peer::open(ConnectionKind kind, status_t* status) {
-    RuntimeFd fd = mNode.folder.connect(mId.toString(), true);
+std::unique_ptr<Connection> Peer::open(ConnectionKind kind, bool wait, status_t* status) {
+    RuntimeFd fd = mNode.folder.connect(mId.toString(), wait);
     const int error = errno;
     Credentials credentials;
     Hello hello{kProtocol, kind, mNode.id};
@@ -62,8 +72,8 @@ std::unique_ptr<Connection> Peer::takeConnection(status_t* status) {
         }
     }
     // One that could not be had when an object was received may be had now.
-    ensureLinked();
-    return open(ConnectionKind::kCall, status);
+    ensureLinked(true);
+    return open(ConnectionKind::kCall, true, status);
 }
 
 void Peer::giveBack(std::unique_ptr<Connection> connection) {
@@ -76,23 +86,57 @@ status_t Peer::sendOneway(const FrameHeader& header, const void* data,
     const std::lock_guard<std::mutex> guard(mOnewayLock);
     if (isDead()) return DEAD_OBJECT;
     status_t status = NO_ERROR;
-    if (mOneway == nullptr) mOneway = open(ConnectionKind::kOneway, &status);
+    if (mOneway == nullptr) mOneway = open(ConnectionKind::kOneway, false, &status);
     if (mOneway == nullptr) return status;
-    if (!mOneway->hasRoom(mOnewayIsFull ? 0 : kOnewayPatienceMs)) {
-        if (!mOnewayIsFull)
-            BINDER_LOGE("process %d takes in no one-way calls; more are refused", mOneway->credentials().pid);
-        mOnewayIsFull = true;
-        return FAILED_TRANSACTION;
-    }
-    mOnewayIsFull = false;
+    if (!hasOnewayRoom()) return FAILED_TRANSACTION;
     status = mOneway->send(header, data, records, fds);
     if (status == DEAD_OBJECT) mOneway.reset();
+    if (mOneway != nullptr && mOneway->hasUnsent() && !hasOnewayRoom()) finishOnewayLater();
     return status;
 }
 
+/// Sends what is left of the call before, and waits for room, as long as anything goes on.
+bool Peer::hasOnewayRoom() {
+    const int patience = mOnewayIsFull ? 0 : kOnewayPatienceMs;
+    do {
+        if (!mOneway->hasRoom(patience)) {
+            if (!mOnewayIsFull)
+                BINDER_LOGE("process %d takes in no one-way calls; more are refused",
+                            mOneway->credentials().pid);
+            mOnewayIsFull = true;
+            return false;
+        }
+    } while (mOneway->hasUnsent() && !mOneway->flush());
+    mOnewayIsFull = false;
+    return true;
+}
+
+/// A call that has been begun is sent whole, whether another follows or not.
+void Peer::finishOnewayLater() {
+    if (mFinishing) return;
+    mFinishing = true;
+    mNode.reactor.after(kPause, [peer = weak_from_this()] {
+        if (const std::shared_ptr<Peer> self = peer.lock()) self->finishOneway();
+    });
+}
+
+void Peer::finishOneway() {
+    // The reactor waits for nobody; who has the lock now may be waiting for room.
+    const std::unique_lock<std::mutex> guard(mOnewayLock, std::try_to_lock);
+    if (guard.owns_lock()) {
+        mFinishing = false;
+        if (mOneway == nullptr || mOneway->flush()) return;
+        finishOnewayLater();
+    } else {
+        mNode.reactor.after(kPause, [self = shared_from_this()] { self->finishOneway(); });
+    }
+}
+
+/// The lock may be held by a thread that sends, which must not hold up the reactor.
 void Peer::dropOneway() {
-    const std::lock_guard<std::mutex> guard(mOnewayLock);
-    mOneway.reset();
+    const std::unique_lock<std::mutex> guard(mOnewayLock, std::try_to_lock);
+    if (guard.owns_lock()) return mOneway.reset();
+    mNode.reactor.after(kPause, [self = shared_from_this()] { self->dropOneway(); });
 }
 
 bool Peer::isDead() {
@@ -100,12 +144,17 @@ bool Peer::isDead() {
     return mDead;
 }
 
-bool Peer::ensureLinked() {
+Credentials Peer::credentials() {
+    const std::lock_guard<std::mutex> guard(mLock);
+    return mCredentials;
+}
+
+bool Peer::ensureLinked(bool wait) {
     {
         const std::lock_guard<std::mutex> guard(mLock);
         if (mDead || !mLinks.empty()) return !mDead;
     }
-    RuntimeFd fd = mNode.folder.connect(mId.toString(), true);
+    RuntimeFd fd = mNode.folder.connect(mId.toString(), wait);
     const int error = errno;
     Credentials credentials;
     Hello hello{kProtocol, ConnectionKind::kLink, mNode.id};
@@ -115,25 +164,58 @@ bool Peer::ensureLinked() {
         if (fd.isOpen() || isGone(error)) die();
         return false;
     }
-    return addLink(std::move(fd), credentials);
+    return addLink(std::move(fd), credentials, {});
 }
 
-void Peer::adoptLink(RuntimeFd fd, const Credentials& credentials) { addLink(std::move(fd), credentials); }
+bool Peer::seekLink() {
+    if (ensureLinked(false)) return true;
+    const std::lock_guard<std::mutex> guard(mLock);
+    if (mDead || mSeeking) return true;
+    mSeeking = mNode.unreached.take(0);
+    if (mSeeking) seekLater();
+    return static_cast<bool>(mSeeking);
+}
 
-bool Peer::addLink(RuntimeFd fd, const Credentials& credentials) {
+void Peer::seekLater() {
+    mNode.reactor.after(kPause, [self = shared_from_this()] {
+        if (!self->ensureLinked(false) && !self->isDead()) return self->seekLater();
+        const std::lock_guard<std::mutex> guard(self->mLock);
+        self->mSeeking = {};
+    });
+}
+
+void Peer::adoptLink(RuntimeFd fd, const Credentials& credentials) {
+    Quota::Share share = mNode.links.take(credentials.pid);
+    if (!share) return mNode.refusals.tell(credentials, "it has too many links");
+    addLink(std::move(fd), credentials, std::move(share));
+}
+
+/// Everybody can read the names of the others in the runtime folder; only the process itself listens there.
+bool Peer::isOf(const Credentials& credentials) {
+    {
+        const std::lock_guard<std::mutex> guard(mLock);
+        if (mCredentials.pid != 0) return mCredentials.pid == credentials.pid;
+    }
+    Credentials listener;
+    const RuntimeFd door = mNode.folder.connect(mId.toString(), false);
+    if (!door.isOpen() || !readCredentials(door.get(), &listener)) return true;
+    if (listener.pid != credentials.pid) return false;
+    const std::lock_guard<std::mutex> guard(mLock);
+    mCredentials = credentials;
+    return true;
+}
+
+bool Peer::addLink(RuntimeFd fd, const Credentials& credentials, Quota::Share share) {
     const std::lock_guard<std::mutex> guard(mLock);
     if (mDead) return false;
-    if (mPid != 0 && mPid != credentials.pid) {
-        BINDER_LOGW("process %d poses as process %d and is refused", credentials.pid, mPid);
-        return false;
-    }
     const auto link = std::make_shared<Link>();
     link->fd = std::move(fd);
+    link->share = std::move(share);
     link->watch = mNode.reactor.watch(
         link->fd.get(), EPOLLIN,
         [self = shared_from_this(), link](uint32_t events) { self->onLinkEvent(link, events); });
     if (link->watch == 0) return false;
-    mPid = credentials.pid;
+    mCredentials = credentials;
     mLinks.push_back(link);
     flushLocked();
     return true;
@@ -157,13 +239,14 @@ bool Peer::readLink(Link* link) {
     for (; link->incoming.size() - done >= sizeof(LinkMessage); done += sizeof(LinkMessage)) {
         LinkMessage message;
         std::memcpy(&message, link->incoming.data() + done, sizeof(message));
-        obey(message);
+        if (!obey(message)) return false;
     }
     link->incoming.erase(0, done);
     return got > 0;
 }
 
-void Peer::obey(const LinkMessage& message) {
+/// @return false when the message makes no sense.
+bool Peer::obey(const LinkMessage& message) {
     sp<BBinder> unheld;
     switch (message.kind) {
         case LinkMessageKind::kAcquire:
@@ -173,23 +256,33 @@ void Peer::obey(const LinkMessage& message) {
             unheld = mNode.exports.adjust(message.token, mId, -int64_t{message.count});
             break;
         case LinkMessageKind::kTransfer:
-            unheld = mNode.credit(message.token, message.beneficiary, 1);
+            unheld = mNode.credit(message.token, message.beneficiary, 1, *this);
             break;
         case LinkMessageKind::kRevoke:
-            unheld = mNode.credit(message.token, message.beneficiary, -1);
+            unheld = mNode.credit(message.token, message.beneficiary, -1, *this);
             break;
         default:
-            BINDER_LOGW("process %d sends link messages of a kind unknown here", mPid);
-            break;
+            mNode.refusals.tell(credentials(), "it breaks the protocol");
+            return false;
     }
     if (unheld != nullptr) mNode.letGo({std::move(unheld)});
+    return true;
 }
 
 void Peer::tell(const LinkMessage& message) {
     const std::lock_guard<std::mutex> guard(mLock);
-    if (mDead) return;
+    if (mDead || mGivenUp) return;
     mOutbox.append(reinterpret_cast<const char*>(&message), sizeof(message));
     flushLocked();
+    if (mOutbox.size() > kMostOutboxBytes) giveUpLocked();
+}
+
+/// Without what it was told of references, the peer is of no use.
+void Peer::giveUpLocked() {
+    mNode.refusals.tell(mCredentials, "it does not read its link");
+    mGivenUp = true;
+    mOutbox = {};
+    mNode.reactor.after(std::chrono::milliseconds(0), [self = shared_from_this()] { self->die(); });
 }
 
 /// Always on the first link, so that messages keep their order. They wait while there is none: a process may
@@ -209,9 +302,10 @@ void Peer::flushLocked() {
 }
 
 sp<IBinder> Peer::receive(const Token& token) {
-    ensureLinked();
+    seekLink();
     sp<BpBinder> binder;
     bool dead = false;
+    if (hasTooManyProxies(token)) return nullptr;
     {
         const std::lock_guard<std::mutex> guard(mLock);
         Proxy& proxy = mProxies[token];
@@ -229,6 +323,17 @@ sp<IBinder> Peer::receive(const Token& token) {
     return binder;
 }
 
+/// Of which @p token would be one more; the reference that came with it is given back then.
+bool Peer::hasTooManyProxies(const Token& token) {
+    {
+        const std::lock_guard<std::mutex> guard(mLock);
+        if (mProxies.size() < kMostObjects || mProxies.count(token) > 0) return false;
+    }
+    mNode.refusals.tell(credentials(), "it hands out too many objects");
+    tell({LinkMessageKind::kRelease, 1, token, {}});
+    return true;
+}
+
 /// The kernel knows of a death before the reactor does.
 bool Peer::isHungUp() {
     const std::lock_guard<std::mutex> guard(mLock);
@@ -239,7 +344,7 @@ bool Peer::isHungUp() {
 }
 
 sp<IBinder> Peer::acquire(const Token& token) {
-    if (!ensureLinked() || isHungUp()) return nullptr;
+    if (!ensureLinked(true) || isHungUp()) return nullptr;
     tell({LinkMessageKind::kAcquire, 1, token, {}});
     return receive(token);
 }
@@ -258,10 +363,15 @@ void Peer::forget(const SocketRemote& remote) {
     tell({LinkMessageKind::kRelease, count, remote.token(), {}});
 }
 
-Token Peer::lend(const sp<BBinder>& object) {
-    if (!ensureLinked()) return {};
+status_t Peer::lend(const sp<BBinder>& object, Token* token) {
+    *token = {};
+    if (!ensureLinked(false)) return NO_ERROR;
     const std::lock_guard<std::mutex> guard(mLock);
-    return mDead ? Token() : mNode.exports.lend(object, mId);
+    if (mDead) return NO_ERROR;
+    *token = mNode.exports.lend(object, mId);
+    if (*token) return NO_ERROR;
+    mNode.refusals.tell(mCredentials, "it holds too many objects");
+    return FAILED_TRANSACTION;
 }
 
 void Peer::takeBack(const Token& token) {
@@ -295,13 +405,14 @@ void Peer::die() {
     for (const auto& link : links)
         mNode.reactor.forget(link->watch, link->fd.get());
     mNode.peers.forget(*this);
-    unlink(mNode.folder.pathOf(mId.toString()).c_str());
+    // A process whose link has ended may live on, and others may need its socket.
+    const std::string name = mId.toString();
+    if (!mNode.folder.isAlive(name) && errno == ECONNREFUSED) unlink(mNode.folder.pathOf(name).c_str());
     mNode.letGo(mNode.exports.dropHolder(mId));
     for (sp<BpBinder>& binder : bereaved) {
         mNode.notices.post([binder = std::move(binder)] { binder->sendObituary(); });
     }
-    // Its lock may be held by a thread that sends, which must not hold up the reactor.
-    mNode.notices.post([self = shared_from_this()] { self->dropOneway(); });
+    dropOneway();
 }
 
 std::shared_ptr<Peer> PeerTable::get(const PeerId& id) {
