@@ -3,6 +3,7 @@
 
 #include <binder/BpBinder.h>
 
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <mutex>
@@ -98,6 +99,10 @@ class Peer : public std::enable_shared_from_this<Peer> {
         SocketRemote* remote = nullptr;  // valid as long as the binder
     };
 
+    /// How long to leave alone what cannot be had or sent just now.
+    static constexpr std::chrono::milliseconds kPause{50};
+
+    RuntimeFd knock(ConnectionKind kind, bool wait, Credentials* credentials, status_t* status);
     std::unique_ptr<Connection> open(ConnectionKind kind, bool wait, status_t* status);
     bool addLink(RuntimeFd fd, const Credentials& credentials, Quota::Share share);
     void seekLater();
