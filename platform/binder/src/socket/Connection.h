@@ -4,9 +4,11 @@
 #include <sys/socket.h>
 
 #include <atomic>
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "../BufferCache.h"
@@ -53,7 +55,7 @@ struct Frame {
 
 enum class Received {
     kFrame,
-    kNothing,  ///< not (yet) a whole frame; only when asked not to wait, or after the socket's own time limit
+    kNothing,  ///< not (yet) a whole frame; only when asked not to wait, or to wait briefly
     kClosed,   ///< by the other end, or by an error of the socket
     kBroken,   ///< what came is no frame; the connection is useless now
 };
@@ -79,11 +81,15 @@ class Connection {
     /// finds.
     bool hasRoom(int milliseconds) const;
 
-    /// @param wait kBriefly waits as long as setPatience() said.
+    /// @param wait kBriefly waits as long as setTimeLimits() said.
     Received receive(Frame* frame, Wait wait);
 
-    /// How long Wait::kBriefly waits.
-    void setPatience(int milliseconds);
+    /// How long Wait::kBriefly waits, and how long either way is waited for before the patience is asked; 0
+    /// for ever.
+    void setTimeLimits(std::chrono::milliseconds receiving, std::chrono::milliseconds sending);
+
+    /// Says how to wait beyond the time limits from here on; null: quietly. @return who said it so far.
+    Patience* exchangePatience(Patience* patience) { return std::exchange(mPatience, patience); }
 
     /// For two threads of which the kernel wakes one because of what the other did: the first says handOver()
     /// in front, the second takeOver() afterwards, and the language knows of their order as well.
@@ -102,7 +108,7 @@ class Connection {
     Progress readBeginning(Wait wait);
     Progress readBody(Wait wait);
     Progress take(void* room, size_t size, Wait wait, size_t* got);
-    Progress readFailed(Wait wait) const;
+    Progress readFailed(Wait wait);
     bool noteDescriptors(msghdr* message);
     bool descriptorsComplete();
     bool headerComplete() const { return mHeaderBytes == sizeof(FrameHeader); }
@@ -123,6 +129,7 @@ class Connection {
     size_t mBodyBytes = 0;
     bool mDescriptorsLost = false;
     std::atomic<bool> mHandedOver{false};
+    Patience* mPatience = nullptr;
 
     enum class Sending { kNoBlock, kOffered, kAccepted, kRefused };
     Sending mSending = Sending::kNoBlock;

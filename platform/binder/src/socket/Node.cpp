@@ -67,7 +67,7 @@ sp<BBinder> Node::credit(const Token& token, const PeerId& beneficiary, int64_t 
     if (beneficiary == id) return exports.adjust(token, homecoming(), change);
     sp<BBinder> unheld = exports.adjust(token, beneficiary, change);
     // Connecting may wait, which the reactor must not.
-    notices.post([this, beneficiary] { watchOver(beneficiary); });
+    notices.post("watching over a holder", [this, beneficiary] { watchOver(beneficiary); });
     return unheld;
 }
 
@@ -75,12 +75,15 @@ void Node::watchOver(const PeerId& holder) {
     const std::shared_ptr<Peer> peer = peers.get(holder);
     // One that is found dead loses its references at once.
     if (peer->ensureLinked() || peer->isDead()) return;
-    reactor.after(kPause, [this, holder] { notices.post([this, holder] { watchOver(holder); }); });
+    reactor.after(kPause, [this, holder] {
+        notices.post("watching over a holder", [this, holder] { watchOver(holder); });
+    });
 }
 
 void Node::letGo(Exports::Objects objects) {
     if (objects.empty()) return;
-    notices.post([objects = std::move(objects)]() mutable { objects.clear(); });
+    notices.post("releasing objects that nobody holds",
+                 [objects = std::move(objects)]() mutable { objects.clear(); });
 }
 
 }  // namespace android::runtime

@@ -29,8 +29,8 @@ class Node {
     const SocketFolder folder;
     Exports exports;
     PeerTable peers;
-    NoticeThread notices;
     Reactor reactor;
+    NoticeThread notices{reactor};
     WorkerPool workers;
 
     /// An object of this process, by its token, for whoever was handed it.

@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "../Log.h"
+#include "LongWait.h"
 #include "Node.h"
 #include "SocketRemote.h"
 
@@ -41,7 +42,10 @@ std::unique_ptr<Connection> Peer::open(ConnectionKind kind, status_t* status) {
     iovec part{&hello, sizeof(hello)};
     if (fd.isOpen() && readCredentials(fd.get(), &credentials) &&
         sendAll(fd.get(), &part, 1, nullptr, 0) == Sent::kAll) {
-        return std::make_unique<Connection>(std::move(fd), kind, shared_from_this(), credentials);
+        auto opened = std::make_unique<Connection>(std::move(fd), kind, shared_from_this(), credentials);
+        if (kind == ConnectionKind::kCall)
+            opened->setTimeLimits(LongWait::firstSpan(), LongWait::firstSpan());
+        return opened;
     }
     *status = fd.isOpen() || isGone(error) ? DEAD_OBJECT : FAILED_TRANSACTION;
     if (*status == FAILED_TRANSACTION) BINDER_LOGE("cannot connect to a peer: %s", strerror(error));
@@ -244,6 +248,19 @@ sp<IBinder> Peer::acquire(const Token& token) {
     return receive(token);
 }
 
+std::string Peer::nameOf(const Token& token) {
+    sp<BpBinder> binder;
+    {
+        const std::lock_guard<std::mutex> guard(mLock);
+        const auto proxy = mProxies.find(token);
+        if (proxy != mProxies.end()) binder = proxy->second.binder.promote();
+    }
+    if (binder == nullptr) return "an object";
+    const String16 descriptor = binder->knownDescriptor();
+    if (descriptor.size() > 0) return String8(descriptor).string();
+    return "object " + std::to_string(binder->handle());
+}
+
 void Peer::forget(const SocketRemote& remote) {
     // A forked child has nothing to give back, and mLock may be held for ever by a thread it does not have.
     if (RuntimeFd::isForkedChild()) return;
@@ -281,10 +298,12 @@ void Peer::die() {
     std::vector<std::shared_ptr<Link>> links;
     std::vector<std::unique_ptr<Connection>> idle;
     std::vector<sp<BpBinder>> bereaved;
+    pid_t pid = 0;
     {
         const std::lock_guard<std::mutex> guard(mLock);
         if (mDead) return;
         mDead = true;
+        pid = mPid;
         links.swap(mLinks);
         idle.swap(mIdle);
         for (const auto& [token, proxy] : mProxies) {
@@ -297,11 +316,12 @@ void Peer::die() {
     mNode.peers.forget(*this);
     unlink(mNode.folder.pathOf(mId.toString()).c_str());
     mNode.letGo(mNode.exports.dropHolder(mId));
+    const std::string subject = "telling of the death of process " + std::to_string(pid);
     for (sp<BpBinder>& binder : bereaved) {
-        mNode.notices.post([binder = std::move(binder)] { binder->sendObituary(); });
+        mNode.notices.post(subject, [binder = std::move(binder)] { binder->sendObituary(); });
     }
     // Its lock may be held by a thread that sends, which must not hold up the reactor.
-    mNode.notices.post([self = shared_from_this()] { self->dropOneway(); });
+    mNode.notices.post("closing a one-way connection", [self = shared_from_this()] { self->dropOneway(); });
 }
 
 std::shared_ptr<Peer> PeerTable::get(const PeerId& id) {

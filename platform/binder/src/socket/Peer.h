@@ -56,6 +56,10 @@ class Peer : public std::enable_shared_from_this<Peer> {
     /// The proxy of an object whose token was found, not received: takes a reference first.
     sp<IBinder> acquire(const Token& token);
 
+    /// The interface of the peer's object as far as its proxy knows it, else the number of the proxy; for the
+    /// log.
+    std::string nameOf(const Token& token);
+
     /// Counts a reference of the peer to an object of this process. @return no token when the peer is dead.
     Token lend(const sp<BBinder>& object);
     void takeBack(const Token& token);

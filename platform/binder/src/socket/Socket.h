@@ -50,6 +50,20 @@ bool readCredentials(int fd, Credentials* out);
 ssize_t sendMessage(int fd, const msghdr* message, int flags);
 ssize_t receiveMessage(int fd, msghdr* message, int flags);
 
+/// How to wait for a socket beyond its own time limit.
+class Patience {
+  public:
+    /// Returns when @p fd is ready for @p events of poll(), its end included.
+    /// @param lapsed whether the socket's time limit is over; else a signal came in between.
+    virtual void await(int fd, short events, bool lapsed) = 0;
+
+  protected:
+    ~Patience() = default;
+};
+
+/// As @p patience does it, else quietly for ever.
+void awaitSocket(int fd, short events, bool lapsed, Patience* patience);
+
 enum class Sent {
     kAll,
     kNothing,  ///< the kernel takes it not at all, @c errno says why; the socket is as good as before
@@ -57,8 +71,10 @@ enum class Sent {
 };
 
 /// Sends everything, or fails. Waits while the socket is full; never raises SIGPIPE.
-/// @param parts changed while sending.
-/// @param fds   travel with the first byte.
-Sent sendAll(int fd, iovec* parts, size_t partCount, const int* fds, size_t fdCount);
+/// @param parts    changed while sending.
+/// @param fds      travel with the first byte.
+/// @param patience may be null.
+Sent sendAll(int fd, iovec* parts, size_t partCount, const int* fds, size_t fdCount,
+             Patience* patience = nullptr);
 
 }  // namespace android::runtime
