@@ -123,7 +123,7 @@ class ClientKill : public Survivor {
 void ClientKill::killInTheMiddle() {
     ChildProcess child = start();
     sp<IBinder> anchor;
-    ASSERT_TRUE(eventually([&] { return (anchor = depot->takeAnchor()) != nullptr; }));
+    ASSERT_TRUE(eventually([&] { return (anchor = depot->anchorOf(child.pid())) != nullptr; }));
     const sp<Recipient> recipient = new Recipient;
     ASSERT_EQ(NO_ERROR, anchor->linkToDeath(recipient));
     std::atomic<bool> end{false};

@@ -1,5 +1,6 @@
 #include "tests/faults/Depot.h"
 
+#include <binder/IPCThreadState.h>
 #include <unistd.h>
 
 #include <utility>
@@ -38,6 +39,7 @@ status_t Depot::onTransact(uint32_t code, const Parcel& data, Parcel* reply, uin
         case kAnchor: {
             const std::lock_guard guard(mLock);
             mAnchor = data.readStrongBinder();
+            mAnchored = IPCThreadState::self()->getCallingPid();
             return NO_ERROR;
         }
         default:
@@ -61,18 +63,17 @@ sp<IBinder> Depot::one() {
     return mKept.empty() ? nullptr : mKept.back();
 }
 
-sp<IBinder> Depot::takeAnchor() {
+sp<IBinder> Depot::anchorOf(pid_t process) {
     const std::lock_guard guard(mLock);
-    sp<IBinder> anchor = mAnchor;
-    mAnchor = nullptr;
-    return anchor;
+    return mAnchored == process ? mAnchor : nullptr;
 }
 
 void Depot::clear() {
     std::vector<sp<IBinder>> kept;
-    sp<IBinder> anchor = takeAnchor();
+    sp<IBinder> anchor;
     const std::lock_guard guard(mLock);
     mKept.swap(kept);
+    std::swap(mAnchor, anchor);
 }
 
 }  // namespace accessory::test

@@ -39,8 +39,8 @@ class Depot : public android::BBinder {
   public:
     /// Calls so far.
     int calls() const { return mCalls; }
-    /// What was left with kAnchor last; null when nothing was, or it has been taken already.
-    android::sp<android::IBinder> takeAnchor();
+    /// What that process left with kAnchor; null as long as it has not.
+    android::sp<android::IBinder> anchorOf(pid_t process);
     /// Drops all that it keeps.
     void clear();
 
@@ -58,6 +58,7 @@ class Depot : public android::BBinder {
     std::mutex mLock;  // guards what follows
     std::vector<android::sp<android::IBinder>> mKept;
     android::sp<android::IBinder> mAnchor;
+    pid_t mAnchored = 0;
 };
 
 }  // namespace accessory::test

@@ -78,11 +78,11 @@ bool sendReply(Connection& connection, status_t status, const Parcel& reply) {
     return connection.send(header, nullptr, {}, {}) == NO_ERROR;
 }
 
-status_t takeReply(Frame* frame, Parcel* reply) {
+status_t takeReply(Frame* frame, Peer& sender, Parcel* reply) {
     Parcel unwanted;
     Parcel& answer = reply != nullptr ? *reply : unwanted;
     answer.freeData();
-    decode(frame, &answer);
+    decode(frame, sender, &answer);
     return static_cast<status_t>(frame->header.code);
 }
 
@@ -95,7 +95,7 @@ status_t awaitReply(Connection& connection, Parcel* reply, bool* intact) {
         if (received == Received::kNothing) continue;
         if (received == Received::kFrame && frame.header.kind == FrameKind::kReply) {
             *intact = true;
-            return takeReply(&frame, reply);
+            return takeReply(&frame, *connection.peer(), reply);
         }
         if (received == Received::kFrame && frame.header.kind == FrameKind::kCall) {
             if (serveCall(connection, &frame)) continue;
@@ -153,7 +153,7 @@ status_t callOneway(Peer& peer, const Token& token, uint32_t code, const Parcel&
 bool serveCall(Connection& connection, Frame* frame) {
     const FrameHeader header = frame->header;
     Parcel data;
-    decode(frame, &data);
+    decode(frame, *connection.peer(), &data);
     const sp<BBinder> object = Node::instance().exports.find(header.target);
     if (object == nullptr) return sendReply(connection, DEAD_OBJECT, Parcel());
     if (tActive.size() >= kDeepestNesting) {
@@ -175,7 +175,7 @@ OnewayCall::OnewayCall(Connection& connection, Frame* frame)
       code(frame->header.code),
       flags(frame->header.flags),
       caller(connection.credentials()) {
-    decode(frame, &data);
+    decode(frame, *connection.peer(), &data);
 }
 
 void OnewayCall::run() {

@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "../Log.h"
+#include "Peer.h"
 
 namespace android::runtime {
 
@@ -50,7 +51,11 @@ Frame::~Frame() {
 
 Connection::Connection(RuntimeFd fd, ConnectionKind kind, std::shared_ptr<Peer> peer,
                        const Credentials& credentials)
-    : mFd(std::move(fd)), mKind(kind), mPeer(std::move(peer)), mCredentials(credentials) {}
+    : mFd(std::move(fd)), mKind(kind), mPeer(std::move(peer)), mCredentials(credentials) {
+    mPeer->connectionOpened();
+}
+
+Connection::~Connection() { mPeer->connectionClosed(); }
 
 void Connection::setTimeLimits(std::chrono::milliseconds receiving, std::chrono::milliseconds sending) {
     setTimeLimit(mFd.get(), SO_RCVTIMEO, receiving);

@@ -69,6 +69,9 @@ enum class Wait { kNo, kBriefly, kForever };
 class Connection {
   public:
     Connection(RuntimeFd fd, ConnectionKind kind, std::shared_ptr<Peer> peer, const Credentials& credentials);
+    ~Connection();
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
 
     /// @param records of the objects in @p data, described by @p header like everything else.
     /// @return NO_ERROR; DEAD_OBJECT when the connection is gone; FAILED_TRANSACTION when the kernel does not

@@ -17,13 +17,6 @@ namespace {
 /// How long to wait for descriptors when there are none to reach a process with.
 constexpr std::chrono::milliseconds kPause{50};
 
-/// Holds the references of objects that are on their way back to this process, so that the sender's own
-/// reference may end before they arrive.
-const PeerId& homecoming() {
-    static const auto* const holder = new PeerId(Secret::random());
-    return *holder;
-}
-
 /// Other processes recognise a dead one without this; it only keeps the folder tidy.
 void removeSocket() {
     // A forked child ends in its own right, and the socket is its parent's.
@@ -55,16 +48,7 @@ Node& Node::instance() {
 
 Node::Node() : id(Secret::random()), folder(prepareRuntimeFolder(access)), peers(*this), mAcceptor(*this) {}
 
-sp<IBinder> Node::comeHome(const Token& token) {
-    const sp<BBinder> object = exports.find(token);
-    if (object == nullptr) return nullptr;
-    sp<BBinder> unheld = exports.adjust(token, homecoming(), -1);
-    if (unheld != nullptr) letGo({std::move(unheld)});
-    return object;
-}
-
 sp<BBinder> Node::credit(const Token& token, const PeerId& beneficiary, int64_t change) {
-    if (beneficiary == id) return exports.adjust(token, homecoming(), change);
     sp<BBinder> unheld = exports.adjust(token, beneficiary, change);
     // Connecting may wait, which the reactor must not.
     notices.post("watching over a holder", [this, beneficiary] { watchOver(beneficiary); });

@@ -33,10 +33,8 @@ class Node {
     NoticeThread notices{reactor};
     WorkerPool workers;
 
-    /// An object of this process, by its token, for whoever was handed it.
-    sp<IBinder> comeHome(const Token& token);
-
-    /// Adds @p change to the references of @p beneficiary, to whom somebody passes an object of this process.
+    /// Adds @p change to the references of @p beneficiary, a third process to which somebody passes an object
+    /// of this one.
     /// @return the object when nobody holds it any more, to be released by the caller.
     sp<BBinder> credit(const Token& token, const PeerId& beneficiary, int64_t change);
 

@@ -84,16 +84,16 @@ void EncodedParcel::sent() {
 
 namespace {
 
-sp<IBinder> objectOf(const ObjectRecord& record) {
+sp<IBinder> objectOf(const ObjectRecord& record, Peer& sender) {
     Node& node = Node::instance();
     if (!record.owner || !record.token) return nullptr;
-    return record.owner == node.id ? node.comeHome(record.token)
+    return record.owner == node.id ? sender.comeHome(record.token)
                                    : node.peers.get(record.owner)->receive(record.token);
 }
 
 }  // namespace
 
-void decode(Frame* frame, Parcel* parcel) {
+void decode(Frame* frame, Peer& sender, Parcel* parcel) {
     const FrameHeader& header = frame->header;
     std::vector<ObjectRecord> records;
     records.reserve(header.objectCount);
@@ -107,7 +107,7 @@ void decode(Frame* frame, Parcel* parcel) {
         if (record.kind == ObjectKind::kDescriptor) {
             ParcelAccess::addDescriptor(*parcel, record.offset, std::exchange(*nextFd++, -1));
         } else {
-            ParcelAccess::addBinder(*parcel, record.offset, objectOf(record));
+            ParcelAccess::addBinder(*parcel, record.offset, objectOf(record, sender));
         }
     }
 }

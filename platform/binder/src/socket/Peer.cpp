@@ -177,16 +177,21 @@ void Peer::obey(const LinkMessage& message) {
             unheld = mNode.exports.adjust(message.token, mId, -int64_t{message.count});
             break;
         case LinkMessageKind::kTransfer:
-            unheld = mNode.credit(message.token, message.beneficiary, 1);
+            unheld = credit(message, 1);
             break;
         case LinkMessageKind::kRevoke:
-            unheld = mNode.credit(message.token, message.beneficiary, -1);
+            unheld = credit(message, -1);
             break;
         default:
             BINDER_LOGW("process %d sends link messages of a kind unknown here", mPid);
             break;
     }
     if (unheld != nullptr) mNode.letGo({std::move(unheld)});
+}
+
+sp<BBinder> Peer::credit(const LinkMessage& message, int64_t change) {
+    if (message.beneficiary == mNode.id) return mNode.exports.adjust(message.token, mHomecoming, change);
+    return mNode.credit(message.token, message.beneficiary, change);
 }
 
 void Peer::tell(const LinkMessage& message) {
@@ -286,6 +291,29 @@ void Peer::takeBack(const Token& token) {
     if (unheld != nullptr) mNode.letGo({std::move(unheld)});
 }
 
+sp<IBinder> Peer::comeHome(const Token& token) {
+    const sp<BBinder> object = mNode.exports.find(token);
+    if (object == nullptr) return nullptr;
+    sp<BBinder> unheld = mNode.exports.adjust(token, mHomecoming, -1);
+    if (unheld != nullptr) mNode.letGo({std::move(unheld)});
+    return object;
+}
+
+void Peer::connectionOpened() {
+    const std::lock_guard<std::mutex> guard(mLock);
+    ++mConnections;
+}
+
+void Peer::connectionClosed() {
+    {
+        const std::lock_guard<std::mutex> guard(mLock);
+        if (--mConnections > 0 || !mDead) return;
+    }
+    dropHomecoming();
+}
+
+void Peer::dropHomecoming() { mNode.letGo(mNode.exports.dropHolder(mHomecoming)); }
+
 void Peer::tellPassingOn(const Token& token, const PeerId& beneficiary) {
     tell({LinkMessageKind::kTransfer, 1, token, beneficiary});
 }
@@ -299,11 +327,13 @@ void Peer::die() {
     std::vector<std::unique_ptr<Connection>> idle;
     std::vector<sp<BpBinder>> bereaved;
     pid_t pid = 0;
+    bool nothingToRead = false;
     {
         const std::lock_guard<std::mutex> guard(mLock);
         if (mDead) return;
         mDead = true;
         pid = mPid;
+        nothingToRead = mConnections == 0;
         links.swap(mLinks);
         idle.swap(mIdle);
         for (const auto& [token, proxy] : mProxies) {
@@ -316,6 +346,7 @@ void Peer::die() {
     mNode.peers.forget(*this);
     unlink(mNode.folder.pathOf(mId.toString()).c_str());
     mNode.letGo(mNode.exports.dropHolder(mId));
+    if (nothingToRead) dropHomecoming();
     const std::string subject = "telling of the death of process " + std::to_string(pid);
     for (sp<BpBinder>& binder : bereaved) {
         mNode.notices.post(subject, [binder = std::move(binder)] { binder->sendObituary(); });

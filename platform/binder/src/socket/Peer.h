@@ -64,6 +64,13 @@ class Peer : public std::enable_shared_from_this<Peer> {
     Token lend(const sp<BBinder>& object);
     void takeBack(const Token& token);
 
+    /// The object of this process that the peer has brought back; null when nobody holds it any more.
+    sp<IBinder> comeHome(const Token& token);
+
+    /// For connections, at their beginning and their end.
+    void connectionOpened();
+    void connectionClosed();
+
     /// Says that the peer's own object named by @p token is about to be given to @p beneficiary; said in
     /// front, so that the object outlives a giver who dies in the middle.
     void tellPassingOn(const Token& token, const PeerId& beneficiary);
@@ -89,6 +96,8 @@ class Peer : public std::enable_shared_from_this<Peer> {
     void onLinkEvent(const std::shared_ptr<Link>& link, uint32_t events);
     bool readLink(Link* link);
     void obey(const LinkMessage& message);
+    sp<BBinder> credit(const LinkMessage& message, int64_t change);
+    void dropHomecoming();
     void tell(const LinkMessage& message);
     void flushLocked();
     void dropOneway();
@@ -97,9 +106,13 @@ class Peer : public std::enable_shared_from_this<Peer> {
 
     Node& mNode;
     const PeerId mId;
+    // Holds the objects of this process that the peer is bringing back, so that its own reference may end
+    // before they arrive. Ends when the peer is dead and all that it had sent has been read.
+    const PeerId mHomecoming{Secret::random()};
 
     std::mutex mLock;
     bool mDead = false;
+    int mConnections = 0;
     pid_t mPid = 0;
     std::vector<std::shared_ptr<Link>> mLinks;
     std::string mOutbox;  // link messages that the first link had no room for
