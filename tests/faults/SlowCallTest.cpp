@@ -179,6 +179,24 @@ TEST_F(SlowCalls, WithinACallThatComesBackAreToldOf) {
     ask(service.object(), kDrop);
 }
 
+TEST_F(SlowCalls, ToThisProcessWhoseCallerTakesNoAnswerAreToldOf) {
+    ProcessState::self()->startThreadPool();
+    ask(service.object(), kKeep,
+        sp<IBinder>(new FunctionObject([&](uint32_t, const Parcel&, Parcel* reply, uint32_t) {
+            service.process().kill(SIGSTOP);
+            return reply->setDataSize(1'000'000);
+        })));
+    Call call(service.object(), kAskKept);
+    call << kEcho;
+    EXPECT_EQ(NO_ERROR, call.send());
+    EXPECT_TRUE(isToldOf(log, service.pid(), 2));
+    EXPECT_THAT(slowLines(log).at(0).call,
+                StartsWith("the answer to call " + std::to_string(kEcho) + " of "));
+    service.process().kill(SIGCONT);
+    EXPECT_TRUE(eventually([this] { return slowLines(log).back().status == NO_ERROR; }));
+    ask(service.object(), kDrop);
+}
+
 TEST_F(SlowCalls, OfManyThreadsAreEachToldOf) {
     constexpr size_t kThreads = 8;
     std::vector<std::unique_ptr<Waiting>> waiting;

@@ -11,10 +11,10 @@ namespace {
 [[maybe_unused]] const int kConfigured = setenv("BINDER_SLOW_CALL_MS", std::to_string(kSpanMs).c_str(), 1);
 
 std::optional<SlowLine> parsed(const std::string& text) {
-    static const auto& waits =
-        *new const std::regex("(call .*) has been waiting for process (.*) for ([0-9]+\\.[0-9]) s");
-    static const auto& ended =
-        *new const std::regex("(call .*) waits no longer for process (.*): status (-?[0-9]+) after (.*) s");
+    static const auto& waits = *new const std::regex(
+        "((?:the answer to )?call .*) has been waiting for process (.*) for ([0-9]+\\.[0-9]) s");
+    static const auto& ended = *new const std::regex(
+        "((?:the answer to )?call .*) waits no longer for process (.*): status (-?[0-9]+) after (.*) s");
     std::smatch part;
     if (std::regex_match(text, part, waits)) return SlowLine{part[1], part[2], std::stod(part[3]), {}};
     if (!std::regex_match(text, part, ended)) return std::nullopt;

@@ -111,7 +111,7 @@ status_t awaitReply(Connection& connection, Parcel* reply, bool* intact) {
 status_t callOn(Connection& connection, const FrameHeader& header, const Parcel& data, Parcel* reply,
                 bool* intact) {
     const Active active(connection);
-    SlowCall slow(connection, header, data);
+    SlowCall slow(SlowCall::Waits::kForTheAnswer, connection, header, data);
     *intact = true;
     status_t status = sendFrame(connection, header, data);
     if (status == DEAD_OBJECT) *intact = false;
@@ -167,7 +167,10 @@ bool serveCall(Connection& connection, Frame* frame) {
         const CallerScope caller(connection.credentials().pid, connection.credentials().uid, header.flags);
         status = transactContained(*object, header.code, data, &reply, header.flags);
     }
-    return sendReply(connection, status, reply);
+    SlowCall slow(SlowCall::Waits::kToAnswer, connection, header, data);
+    const bool sent = sendReply(connection, status, reply);
+    slow.ended(sent ? NO_ERROR : DEAD_OBJECT);
+    return sent;
 }
 
 OnewayCall::OnewayCall(Connection& connection, Frame* frame)

@@ -60,8 +60,9 @@ std::string interfaceIn(const Parcel& request) {
 
 }  // namespace
 
-SlowCall::SlowCall(Connection& connection, const FrameHeader& header, const Parcel& request)
-    : mConnection(connection),
+SlowCall::SlowCall(Waits what, Connection& connection, const FrameHeader& header, const Parcel& request)
+    : mWaits(what),
+      mConnection(connection),
       mOuter(connection.exchangePatience(this)),
       mHeader(header),
       mRequest(request) {}
@@ -98,7 +99,8 @@ void SlowCall::ended(status_t status) const {
 std::string SlowCall::subject() const {
     std::string object = interfaceIn(mRequest);
     if (object.empty()) object = mConnection.peer()->nameOf(mHeader.target);
-    return "call " + std::to_string(mHeader.code) + " of " + object;
+    const std::string what = mWaits == Waits::kToAnswer ? "the answer to call " : "call ";
+    return what + std::to_string(mHeader.code) + " of " + object;
 }
 
 }  // namespace android::runtime

@@ -1,4 +1,4 @@
-// A call that waits long for another process tells the log for whom.
+// A call, or an answer, that waits long for another process tells the log for whom.
 #pragma once
 
 #include <binder/Parcel.h>
@@ -10,15 +10,17 @@
 
 namespace android::runtime {
 
-/// One call in the making: patient for as long as it takes, but not silently. Until the socket's own time
-/// limit is over it costs neither memory nor a look at the clock.
+/// One call, or one answer, in the making: patient for as long as it takes, but not silently. Until the
+/// socket's own time limit is over it costs neither memory nor a look at the clock.
 ///
 /// A call that comes back in the answer's place is a sign of life: unless the log has been told already, the
 /// time counts from there.
 class SlowCall : public Patience {
   public:
+    enum class Waits { kForTheAnswer, kToAnswer };
+
     /// Is the connection's patience as long as it lives. All arguments outlive it.
-    SlowCall(Connection& connection, const FrameHeader& header, const Parcel& request);
+    SlowCall(Waits what, Connection& connection, const FrameHeader& header, const Parcel& request);
     ~SlowCall();
     SlowCall(const SlowCall&) = delete;
     SlowCall& operator=(const SlowCall&) = delete;
@@ -32,6 +34,7 @@ class SlowCall : public Patience {
     void tell();
     std::string subject() const;
 
+    const Waits mWaits;
     Connection& mConnection;
     Patience* const mOuter;
     const FrameHeader& mHeader;
