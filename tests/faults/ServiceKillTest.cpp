@@ -65,6 +65,7 @@ void ServiceKill::killInTheMiddle() {
     const sp<Recorder> told = new Recorder;
     const sp<IAppleiAP2ManagerNotifier> notifier = new BnAppleiAP2ManagerNotifier(told);
     {
+        // Held until the notice has come: who drops the proxy before is told nothing.
         const sp<IBinder> theirs = find(name);
         const sp<IAppleiAP2Manager> manager = IAppleiAP2Manager::asInterface(find(name + ".iap2"));
         ASSERT_TRUE(theirs != nullptr && manager != nullptr);
@@ -85,8 +86,8 @@ void ServiceKill::killInTheMiddle() {
         latencies.kill(child, staying);
         one.join();
         another.join();
+        EXPECT_TRUE(recipients.back()->isTold());
     }
-    EXPECT_TRUE(recipients.back()->isTold());
     EXPECT_TRUE(eventually([] { return Gift::alive() == 0; })) << Gift::alive();
     EXPECT_TRUE(eventually([&] { return notifier->getStrongCount() == 1; })) << notifier->getStrongCount();
 }

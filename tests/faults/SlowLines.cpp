@@ -41,10 +41,6 @@ testing::AssertionResult isToldOf(const LogCatcher& log, pid_t process, size_t t
     });
 }
 
-std::string namedInLog(pid_t process) {
-    constexpr size_t kLongestName = 15;
-    return std::to_string(process) + " (" +
-           std::string(program_invocation_short_name).substr(0, kLongestName) + ")";
-}
+std::string namedInLog(pid_t process) { return std::to_string(process) + " (exe)"; }
 
 }  // namespace accessory::test

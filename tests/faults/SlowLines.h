@@ -28,7 +28,7 @@ std::vector<SlowLine> slowLines(const LogCatcher& log);
 /// Waits until so many lines about waiting for @p process are there.
 testing::AssertionResult isToldOf(const LogCatcher& log, pid_t process, size_t times = 1);
 
-/// How the log names a process of this test program.
+/// How the log names a child of this test program: they are started through /proc/self/exe.
 std::string namedInLog(pid_t process);
 
 }  // namespace accessory::test
