@@ -20,7 +20,9 @@ namespace {
 
 using namespace android;  // NOLINT(google-build-using-namespace): the tests' vocabulary
 
-/// Registers, requests and so on until it is killed, on two threads.
+/// Registers, requests and so on until it is killed, on two threads. Only one of them registers and
+/// deregisters: of two such requests of a dead client each could undo the other, and what is left would tell
+/// nothing.
 CHILD_ROLE(restlessClient) {
     const auto get = [](const std::string& name) {
         return defaultServiceManager()->getService(String16(name.c_str()));
@@ -33,14 +35,13 @@ CHILD_ROLE(restlessClient) {
     Call anchor(depot, kAnchor);
     anchor << sp<IBinder>(new Depot);
     if (anchor.run() != NO_ERROR) return 1;
-    const sp<IAppleiAP2ManagerNotifier> notifier = new BnAppleiAP2ManagerNotifier(new Recorder);
-    const auto live = [&](unsigned number) {
-        Restless restless(manager, depot, notifier, seed + number);
+    const auto live = [&](const sp<IAppleiAP2ManagerNotifier>& notifier, unsigned ownSeed) {
+        Restless restless(manager, depot, notifier, ownSeed);
         while (restless.step()) {
         }
     };
-    std::thread other(live, 1);
-    live(0);
+    std::thread other([&] { live(nullptr, seed + 1); });
+    live(new BnAppleiAP2ManagerNotifier(new Recorder), seed);
     other.join();
     return 0;
 }

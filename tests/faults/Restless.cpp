@@ -19,7 +19,10 @@ Restless::Restless(sp<IAppleiAP2Manager> manager, sp<IBinder> depot, sp<IAppleiA
     : mManager(std::move(manager)), mDepot(std::move(depot)), mNotifier(std::move(notifier)), mRandom(seed) {}
 
 bool Restless::step() {
-    switch (mRandom() % 8) {
+    constexpr unsigned kRegistering = 2;
+    constexpr unsigned kAll = 8;
+    const unsigned first = mNotifier != nullptr ? 0 : kRegistering;
+    switch (first + mRandom() % (kAll - first)) {
         case 0:
             mManager->setNotifier(mNotifier);
             return true;

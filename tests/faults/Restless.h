@@ -14,7 +14,7 @@ class Restless {
   public:
     /// @param manager  of the service that registers.
     /// @param depot    of the same process as @p manager.
-    /// @param notifier registers and deregisters.
+    /// @param notifier registers and deregisters; null for one that does neither.
     Restless(android::sp<IAppleiAP2Manager> manager, android::sp<android::IBinder> depot,
              android::sp<IAppleiAP2ManagerNotifier> notifier, unsigned seed);
 
