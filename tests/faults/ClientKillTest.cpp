@@ -104,8 +104,7 @@ class ClientKill : public Survivor {
     const unsigned seed = killSeed();
     std::mt19937 random{seed};
     const sp<QuietService> service{new QuietService};
-    // Stub, registry and recipients hold each other for good; a service keeps its stub.
-    const sp<BnAppleiAP2Manager>& stub = *new sp<BnAppleiAP2Manager>(new BnAppleiAP2Manager(service));
+    const sp<BnAppleiAP2Manager> stub{new BnAppleiAP2Manager(service)};
     const sp<AppleiAP2ManagerNotifierItf> broadcaster{service->broadcasters.at(0)};
     LogCatcher log;
     const DumpOutput output;

@@ -29,6 +29,7 @@ class Member : public BBinder {
     status_t onTransact(uint32_t code, const Parcel& data, Parcel* reply, uint32_t flags) override {
         if (code == kTurn) return turn(data.readInt32(), reply);
         if (code != kFollow) return BBinder::onTransact(code, data, reply, flags);
+        const std::lock_guard guard(mLock);
         mNext = data.readStrongBinder();
         return NO_ERROR;
     }
@@ -36,7 +37,7 @@ class Member : public BBinder {
   private:
     status_t turn(int32_t calls, Parcel* reply) {
         if (calls == 1) return reply->writeInt32(1);
-        Call next(mNext, kTurn);
+        Call next(following(), kTurn);
         next << calls - 1;
         ++mUnderWay;
         const status_t status = next.run();
@@ -44,7 +45,13 @@ class Member : public BBinder {
         return status == NO_ERROR ? reply->writeInt32(next.reply.readInt32() + 1) : status;
     }
 
-    sp<IBinder> mNext;  // set once, before the ring turns
+    sp<IBinder> following() {
+        const std::lock_guard guard(mLock);
+        return mNext;
+    }
+
+    std::mutex mLock;  // guards mNext
+    sp<IBinder> mNext;
     std::atomic<int> mUnderWay{0};
 };
 

@@ -115,7 +115,7 @@ TEST_F(SlowCalls, ToAStoppedProcessGoOnWithIt) {
     EXPECT_TRUE(isToldOf(log, service.pid(), 2));
     service.process().kill(SIGCONT);
     EXPECT_EQ(NO_ERROR, waiting.status());
-    EXPECT_EQ(NO_ERROR, slowLines(log).back().status);
+    EXPECT_EQ(NO_ERROR, lastSlowLine(log).status);
 }
 
 TEST_F(SlowCalls, ToAStoppedProcessEndWithItsDeath) {
@@ -124,8 +124,8 @@ TEST_F(SlowCalls, ToAStoppedProcessEndWithItsDeath) {
     EXPECT_TRUE(isToldOf(log, service.pid(), 2));
     service.kill();
     EXPECT_EQ(DEAD_OBJECT, waiting.status());
-    EXPECT_EQ(DEAD_OBJECT, slowLines(log).back().status);
-    EXPECT_EQ(namedInLog(service.pid()), slowLines(log).back().process);
+    EXPECT_EQ(DEAD_OBJECT, lastSlowLine(log).status);
+    EXPECT_EQ(namedInLog(service.pid()), lastSlowLine(log).process);
 }
 
 TEST_F(SlowCalls, ThatDoNotEvenFindRoomForTheirDataAreToldOf) {
@@ -139,7 +139,7 @@ TEST_F(SlowCalls, ThatDoNotEvenFindRoomForTheirDataAreToldOf) {
     EXPECT_TRUE(isToldOf(log, service.pid(), 2));
     service.process().kill(SIGCONT);
     waiting.join();
-    EXPECT_EQ(NO_ERROR, slowLines(log).back().status);
+    EXPECT_EQ(NO_ERROR, lastSlowLine(log).status);
 }
 
 TEST_F(SlowCalls, OnTheConnectionOfACallThatCameInAreToldOf) {
@@ -157,7 +157,7 @@ TEST_F(SlowCalls, OnTheConnectionOfACallThatCameInAreToldOf) {
     EXPECT_TRUE(isToldOf(log, service.pid(), 2));
     ask(service.object(), kOpenGate);
     EXPECT_TRUE(eventually([&] { return answer == 1; }));
-    EXPECT_TRUE(eventually([this] { return slowLines(log).back().status == NO_ERROR; }));
+    EXPECT_TRUE(eventually([this] { return lastSlowLine(log).status == NO_ERROR; }));
     ask(service.object(), kDrop);
 }
 
@@ -193,7 +193,7 @@ TEST_F(SlowCalls, ToThisProcessWhoseCallerTakesNoAnswerAreToldOf) {
     EXPECT_THAT(slowLines(log).at(0).call,
                 StartsWith("the answer to call " + std::to_string(kEcho) + " of "));
     service.process().kill(SIGCONT);
-    EXPECT_TRUE(eventually([this] { return slowLines(log).back().status == NO_ERROR; }));
+    EXPECT_TRUE(eventually([this] { return lastSlowLine(log).status == NO_ERROR; }));
     ask(service.object(), kDrop);
 }
 

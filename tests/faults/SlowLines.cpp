@@ -32,6 +32,11 @@ std::vector<SlowLine> slowLines(const LogCatcher& log) {
     return lines;
 }
 
+SlowLine lastSlowLine(const LogCatcher& log) {
+    const std::vector<SlowLine> lines = slowLines(log);
+    return lines.empty() ? SlowLine() : lines.back();
+}
+
 testing::AssertionResult isToldOf(const LogCatcher& log, pid_t process, size_t times) {
     return eventually([&] {
         const std::vector<SlowLine> lines = slowLines(log);

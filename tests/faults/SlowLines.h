@@ -25,6 +25,9 @@ struct SlowLine {
 /// Those so far, in order, each a warning of the runtime.
 std::vector<SlowLine> slowLines(const LogCatcher& log);
 
+/// The last one; empty when there is none.
+SlowLine lastSlowLine(const LogCatcher& log);
+
 /// Waits until so many lines about waiting for @p process are there.
 testing::AssertionResult isToldOf(const LogCatcher& log, pid_t process, size_t times = 1);
 

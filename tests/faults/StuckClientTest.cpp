@@ -89,11 +89,11 @@ class StuckClient : public Clients, public testing::WithParamInterface<Case> {
 };
 
 TEST_P(StuckClient, IsNamedInTheLogUntilTheEventHasEnded) {
-    const SlowLine line = slowLines(log).front();
+    const SlowLine line = slowLines(log).at(0);
     EXPECT_EQ("call 1 of accessory.AppleiAP2ManagerNotifier", line.call);
     EXPECT_EQ(namedInLog(client(kStuck).pid()), line.process);
     letItGoOn();
-    const SlowLine last = slowLines(log).back();
+    const SlowLine last = lastSlowLine(log);
     EXPECT_EQ(line.call, last.call);
     EXPECT_EQ(GetParam().end == End::kIsKilled ? android::DEAD_OBJECT : android::NO_ERROR, last.status);
 }

@@ -117,7 +117,7 @@ TEST_F(WithinAnEvent, TheSameThreadMustNotRegisterUnderTheLockAndTheLogNamesTheS
     EXPECT_FALSE(ended);
     service.kill(SIGKILL);
     EXPECT_TRUE(eventually([&] { return ended.load(); }));
-    EXPECT_TRUE(eventually([&] { return slowLines(log).back().status == DEAD_OBJECT; }));
+    EXPECT_TRUE(eventually([&] { return lastSlowLine(log).status == DEAD_OBJECT; }));
 }
 
 }  // namespace
