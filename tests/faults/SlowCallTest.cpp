@@ -110,7 +110,7 @@ TEST_F(SlowCalls, AreToldOfThoughSignalsInterruptThemAllTheTime) {
 
 TEST_F(SlowCalls, ToAStoppedProcessGoOnWithIt) {
     EXPECT_EQ(5, ask(service.object(), kEcho, 5));
-    service.process().kill(SIGSTOP);
+    service.process().stop();
     Waiting waiting(service.object(), kWaiting);
     EXPECT_TRUE(isToldOf(log, service.pid(), 2));
     service.process().kill(SIGCONT);
@@ -119,7 +119,7 @@ TEST_F(SlowCalls, ToAStoppedProcessGoOnWithIt) {
 }
 
 TEST_F(SlowCalls, ToAStoppedProcessEndWithItsDeath) {
-    service.process().kill(SIGSTOP);
+    service.process().stop();
     Waiting waiting(service.object(), kWaiting);
     EXPECT_TRUE(isToldOf(log, service.pid(), 2));
     service.kill();
@@ -129,7 +129,7 @@ TEST_F(SlowCalls, ToAStoppedProcessEndWithItsDeath) {
 }
 
 TEST_F(SlowCalls, ThatDoNotEvenFindRoomForTheirDataAreToldOf) {
-    service.process().kill(SIGSTOP);
+    service.process().stop();
     std::thread waiting([this] {
         Call call(service.object(), kEcho);
         call.request.setDataSize(1'000'000);
@@ -183,7 +183,7 @@ TEST_F(SlowCalls, ToThisProcessWhoseCallerTakesNoAnswerAreToldOf) {
     ProcessState::self()->startThreadPool();
     ask(service.object(), kKeep,
         sp<IBinder>(new FunctionObject([&](uint32_t, const Parcel&, Parcel* reply, uint32_t) {
-            service.process().kill(SIGSTOP);
+            service.process().stop();
             return reply->setDataSize(1'000'000);
         })));
     Call call(service.object(), kAskKept);

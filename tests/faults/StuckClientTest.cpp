@@ -33,7 +33,7 @@ class StuckClient : public Clients, public testing::WithParamInterface<Case> {
         startAndRegister(3);
         client(kBefore).neverWait();
         client(kBehind).neverWait();
-        if (GetParam().stuck == Stuck::kStopped) client(kStuck).process.kill(SIGSTOP);
+        if (GetParam().stuck == Stuck::kStopped) client(kStuck).process.stop();
         mEvent = std::thread([this] { EXPECT_EQ(broadcaster->notify(7, RegisteringClient::kWait), 0); });
         if (GetParam().stuck == Stuck::kAsleep) client(kStuck).awaitWaiting();
         ASSERT_TRUE(isToldOf(log, client(kStuck).pid()));

@@ -45,6 +45,9 @@ class ChildProcess {
     /// Sends the child a signal; nothing happens once wait() has returned.
     void kill(int signal = SIGKILL);
 
+    /// Stops the child with SIGSTOP, and waits until every thread of it stands still; SIGCONT or SIGKILL end that.
+    void stop();
+
     /// Waits for the end of the child, however often it is called.
     /// @return its status as waitpid() tells it, for testing::ExitedWithCode and testing::KilledBySignal;
     /// when it does not end within @p patience, the test has failed and the child is killed.
