@@ -45,7 +45,7 @@ class ChildProcess {
     /// Sends the child a signal; nothing happens once wait() has returned.
     void kill(int signal = SIGKILL);
 
-    /// Stops the child with SIGSTOP, and waits until every thread of it stands still; SIGCONT or SIGKILL end that.
+    /// Sends SIGSTOP and waits until every thread of the child stands still, which SIGCONT or SIGKILL ends.
     void stop();
 
     /// Waits for the end of the child, however often it is called.
