@@ -73,6 +73,7 @@ CHILD_ROLE(registeringClient) {
         if (told == "set") parent.send(std::to_string(manager->setNotifier(notifier)));
         if (told == "set another") parent.send(std::to_string(manager->setNotifier(another)));
         if (told == "clear") parent.send(std::to_string(manager->clearNotifier()));
+        if (told == "request") parent.send(std::to_string(manager->startHID(7)));
         if (told == "told") parent.send(joined(client->takeTold()));
         if (told == "release") client->release();
         if (told == "never wait") client->mayWait = false;

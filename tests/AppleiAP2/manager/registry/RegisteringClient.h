@@ -26,9 +26,11 @@ class RegisteringClient {
     int setNotifier() { return ask("set"); }
     int setAnotherNotifier() { return ask("set another"); }
     int clearNotifier() { return ask("clear"); }
+    /// A request that has nothing to do with registration.
+    int request() { return ask("request"); }
     void answer(int result);
 
-    /// Begins setNotifier() or clearNotifier(); ended() waits for the result.
+    /// Begins "set", "clear" or "request"; ended() waits for the result.
     void begin(const std::string& request) { process.send(request); }
     int ended();
 
