@@ -20,6 +20,8 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto kGreetingTime = 5s;
+/// How many callers to let in before the reactor looks after everything else again, deaths above all.
+constexpr int kAtOnce = 32;
 /// How long to leave callers waiting at the door when this process has no descriptors left.
 constexpr auto kPause = 50ms;
 
@@ -43,11 +45,11 @@ Acceptor::Acceptor(Node& node)
 }
 
 void Acceptor::open() {
-    mWatch = mNode.reactor.watch(mListener.get(), EPOLLIN, [this](uint32_t) { acceptAll(); });
+    mWatch = mNode.reactor.watch(mListener.get(), EPOLLIN, [this](uint32_t) { acceptSome(); });
 }
 
-void Acceptor::acceptAll() {
-    for (;;) {
+void Acceptor::acceptSome() {
+    for (int i = 0; i < kAtOnce; ++i) {
         auto greeting = std::make_shared<Greeting>();
         greeting->fd = RuntimeFd(accept4(mListener.get(), nullptr, nullptr, SOCK_CLOEXEC));
         if (greeting->fd.isOpen()) {

@@ -28,7 +28,7 @@ class Acceptor {
     };
 
     void open();
-    void acceptAll();
+    void acceptSome();
     void pause();
     void greet(const std::shared_ptr<Greeting>& greeting);
     void listenOn(const std::shared_ptr<Greeting>& greeting);

@@ -170,7 +170,8 @@ OnewayCall::OnewayCall(Connection& connection, Frame* frame)
     : object(Node::instance().exports.find(frame->header.target)),
       code(frame->header.code),
       flags(frame->header.flags),
-      caller(connection.credentials()) {
+      caller(connection.credentials()),
+      descriptors(frame->header.descriptorCount) {
     decode(frame, &data);
 }
 

@@ -74,7 +74,8 @@ status_t Connection::send(const FrameHeader& header, const void* data,
     }
     const int block = offers ? mBlock->fd() : -1;
     const int* const descriptors = offers ? &block : fds.data();
-    switch (sendAll(mFd.get(), parts, count, descriptors, descriptorsOf(sent))) {
+    std::string* const rest = mKind == ConnectionKind::kOneway ? &mRest : nullptr;
+    switch (sendAll(mFd.get(), parts, count, descriptors, descriptorsOf(sent), rest)) {
         case Sent::kAll:
             return NO_ERROR;
         case Sent::kNothing:
@@ -85,6 +86,18 @@ status_t Connection::send(const FrameHeader& header, const void* data,
             break;
     }
     return DEAD_OBJECT;
+}
+
+bool Connection::flush() {
+    while (!mRest.empty()) {
+        const ssize_t sent = ::send(mFd.get(), mRest.data(), mRest.size(), MSG_DONTWAIT | MSG_NOSIGNAL);
+        if (sent < 0 && errno == EAGAIN) return false;
+        // Of one that is gone, the next send() tells.
+        if (sent < 0 && errno != EINTR) mRest.clear();
+        if (sent > 0) mRest.erase(0, static_cast<size_t>(sent));
+        if (mRest.empty()) mRest.shrink_to_fit();
+    }
+    return true;
 }
 
 /// Puts large data into the block when the other end maps it. @return whether it did.

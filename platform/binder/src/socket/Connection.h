@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "../BufferCache.h"
@@ -72,8 +73,14 @@ class Connection {
     /// @return NO_ERROR; DEAD_OBJECT when the connection is gone; FAILED_TRANSACTION when the kernel does not
     ///         take the frame, a descriptor that is not open above all, and the connection is as good as
     ///         before.
+    ///
+    /// A one-way connection does not wait for room: what the socket has none for is kept for flush(), and
+    /// goes out before anything else is sent.
     status_t send(const FrameHeader& header, const void* data, const std::vector<ObjectRecord>& records,
                   const std::vector<int>& fds);
+
+    /// Sends what was kept, as far as there is room. @return whether nothing is left of it.
+    bool flush();
 
     /// Whether the socket takes more, at once or within that time; true for one that is gone, which send()
     /// finds.
@@ -122,6 +129,7 @@ class Connection {
     size_t mHeaderBytes = 0;
     size_t mBodyBytes = 0;
     bool mDescriptorsLost = false;
+    std::string mRest;  // of a one-way frame that was sent in part
     std::atomic<bool> mHandedOver{false};
 
     enum class Sending { kNoBlock, kOffered, kAccepted, kRefused };

@@ -18,8 +18,8 @@ namespace android::runtime {
 /// One per process, made on first use, never destroyed: threads of the runtime may use it until the process
 /// ends.
 ///
-/// Locks are taken in this order and no other: Peer::mOnewayLock; Peer::mLock; then the leaves (Exports,
-/// PeerTable, Reactor, WorkerPool, OnewayQueue, NoticeThread, the list of descriptors).
+/// Locks are taken in this order and no other: OnewayLane::mOrder; OnewayLane::mLock or Peer::mLock; then the
+/// leaves (Exports, PeerTable, Reactor, WorkerPool, OnewayQueue, NoticeThread, the list of descriptors).
 class Node {
   public:
     static Node& instance();

@@ -7,7 +7,12 @@ namespace {
 /// Waiting bytes beyond which nothing more is taken in; every call counts with a little for itself.
 constexpr size_t kMostBytes = 4 * kMaxTransaction;
 
-size_t sizeOf(const OnewayCall& call) { return sizeof(call) + call.data.dataCapacity(); }
+/// A process has few descriptors, and needs them for its other callers: some 250 may wait, and one call more.
+constexpr size_t kBytesOfADescriptor = size_t{16} * 1024;
+
+size_t sizeOf(const OnewayCall& call) {
+    return sizeof(call) + call.data.dataCapacity() + call.descriptors * kBytesOfADescriptor;
+}
 
 }  // namespace
 

@@ -21,15 +21,14 @@ namespace {
 /// Idle connections that are kept for the next calls; more come and go with their call.
 constexpr size_t kMaxIdle = 16;
 
-/// How long a one-way call waits for room when the receiver has fallen behind; after that, calls are refused
-/// at once until there is room again.
-constexpr int kOnewayPatienceMs = 1000;
-
 bool isGone(int error) { return error == ECONNREFUSED || error == ENOENT; }
 
 }  // namespace
 
-Peer::Peer(Node& node, const PeerId& id) : mNode(node), mId(id) {}
+Peer::Peer(Node& node, const PeerId& id)
+    : mNode(node), mId(id), mOneway(std::make_shared<OnewayLane>(node.reactor, [this](status_t* status) {
+          return open(ConnectionKind::kOneway, status);
+      })) {}
 
 Peer::~Peer() { mNode.peers.forget(*this); }
 
@@ -73,26 +72,7 @@ void Peer::giveBack(std::unique_ptr<Connection> connection) {
 
 status_t Peer::sendOneway(const FrameHeader& header, const void* data,
                           const std::vector<ObjectRecord>& records, const std::vector<int>& fds) {
-    const std::lock_guard<std::mutex> guard(mOnewayLock);
-    if (isDead()) return DEAD_OBJECT;
-    status_t status = NO_ERROR;
-    if (mOneway == nullptr) mOneway = open(ConnectionKind::kOneway, &status);
-    if (mOneway == nullptr) return status;
-    if (!mOneway->hasRoom(mOnewayIsFull ? 0 : kOnewayPatienceMs)) {
-        if (!mOnewayIsFull)
-            BINDER_LOGE("process %d takes in no one-way calls; more are refused", mOneway->credentials().pid);
-        mOnewayIsFull = true;
-        return FAILED_TRANSACTION;
-    }
-    mOnewayIsFull = false;
-    status = mOneway->send(header, data, records, fds);
-    if (status == DEAD_OBJECT) mOneway.reset();
-    return status;
-}
-
-void Peer::dropOneway() {
-    const std::lock_guard<std::mutex> guard(mOnewayLock);
-    mOneway.reset();
+    return isDead() ? DEAD_OBJECT : mOneway->send(header, data, records, fds);
 }
 
 bool Peer::isDead() {
@@ -300,8 +280,8 @@ void Peer::die() {
     for (sp<BpBinder>& binder : bereaved) {
         mNode.notices.post([binder = std::move(binder)] { binder->sendObituary(); });
     }
-    // Its lock may be held by a thread that sends, which must not hold up the reactor.
-    mNode.notices.post([self = shared_from_this()] { self->dropOneway(); });
+    // A thread may be sending, which must not hold up the reactor.
+    mNode.notices.post([self = shared_from_this()] { self->mOneway->drop(); });
 }
 
 std::shared_ptr<Peer> PeerTable::get(const PeerId& id) {

@@ -12,6 +12,7 @@
 
 #include "Connection.h"
 #include "Identity.h"
+#include "OnewayLane.h"
 
 namespace android::runtime {
 
@@ -87,7 +88,6 @@ class Peer : public std::enable_shared_from_this<Peer> {
     void obey(const LinkMessage& message);
     void tell(const LinkMessage& message);
     void flushLocked();
-    void dropOneway();
     bool isHungUp();
     void die();
 
@@ -102,10 +102,7 @@ class Peer : public std::enable_shared_from_this<Peer> {
     std::vector<std::unique_ptr<Connection>> mIdle;
     std::unordered_map<Token, Proxy, SecretHash> mProxies;
 
-    // Orders one-way calls; held while sending, taken before mLock.
-    std::mutex mOnewayLock;
-    std::unique_ptr<Connection> mOneway;
-    bool mOnewayIsFull = false;
+    const std::shared_ptr<OnewayLane> mOneway;
 };
 
 /// The peers that anything here still refers to. mLock is a leaf.

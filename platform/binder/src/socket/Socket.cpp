@@ -46,6 +46,11 @@ void advance(msghdr* message, size_t count) {
     }
 }
 
+void appendParts(const msghdr& message, std::string* out) {
+    for (size_t i = 0; i < message.msg_iovlen; ++i)
+        out->append(static_cast<const char*>(message.msg_iov[i].iov_base), message.msg_iov[i].iov_len);
+}
+
 }  // namespace
 
 SocketFolder::SocketFolder(std::string path)
@@ -108,7 +113,7 @@ ssize_t receiveMessage(int fd, msghdr* message, int flags) {
     return syscall(SYS_recvmsg, fd, message, flags);
 }
 
-Sent sendAll(int fd, iovec* parts, size_t partCount, const int* fds, size_t fdCount) {
+Sent sendAll(int fd, iovec* parts, size_t partCount, const int* fds, size_t fdCount, std::string* rest) {
     alignas(cmsghdr) uint8_t control[CMSG_SPACE(kMaxDescriptors * sizeof(int))];
     msghdr message{};
     message.msg_iov = parts;
@@ -123,16 +128,20 @@ Sent sendAll(int fd, iovec* parts, size_t partCount, const int* fds, size_t fdCo
         header->cmsg_len = CMSG_LEN(fdCount * sizeof(int));
         std::memcpy(CMSG_DATA(header), fds, fdCount * sizeof(int));
     }
+    const int flags = MSG_NOSIGNAL | (rest != nullptr ? MSG_DONTWAIT : 0);
     bool begun = false;
     while (message.msg_iovlen > 0) {
-        const ssize_t sent = sendMessage(fd, &message, MSG_NOSIGNAL);
+        const ssize_t sent = sendMessage(fd, &message, flags);
         if (sent >= 0) {
             advance(&message, static_cast<size_t>(sent));
             message.msg_controllen = 0;
             message.msg_control = nullptr;
             begun = true;
-        } else if (errno == EAGAIN) {
+        } else if (errno == EAGAIN && rest == nullptr) {
             waitForRoom(fd);
+        } else if (errno == EAGAIN && begun) {
+            appendParts(message, rest);
+            return Sent::kAll;
         } else if (errno != EINTR) {
             return begun || isHangUp(errno) ? Sent::kGone : Sent::kNothing;
         }

@@ -59,6 +59,9 @@ enum class Sent {
 /// Sends everything, or fails. Waits while the socket is full; never raises SIGPIPE.
 /// @param parts changed while sending.
 /// @param fds   travel with the first byte.
-Sent sendAll(int fd, iovec* parts, size_t partCount, const int* fds, size_t fdCount);
+/// @param rest  nothing waits when this is given: what the socket had no room for, but for the first byte, is
+///              put there and counts as sent.
+Sent sendAll(int fd, iovec* parts, size_t partCount, const int* fds, size_t fdCount,
+             std::string* rest = nullptr);
 
 }  // namespace android::runtime
