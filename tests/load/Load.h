@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <cstdlib>
+#include <thread>
 
 namespace accessory::load {
 
@@ -28,6 +29,6 @@ inline std::chrono::milliseconds untilTheEnd() { return patienceFor(loadTime()) 
 inline constexpr std::chrono::milliseconds kLongPatience{100'000};
 
 /// A moment in the life of a load; for its shape, never to wait for something.
-void rest(std::chrono::milliseconds moment);
+inline void rest(std::chrono::milliseconds moment) { std::this_thread::sleep_for(moment); }
 
 }  // namespace accessory::load

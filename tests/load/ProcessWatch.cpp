@@ -5,9 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iostream>
-#include <thread>
 
-#include "tests/load/Load.h"
 #include "tests/support/Eventually.h"
 #include "tests/support/Sanitized.h"
 
@@ -41,8 +39,6 @@ size_t wakeUps(const std::vector<pid_t>& pids) {
 }
 
 }  // namespace
-
-void rest(std::chrono::milliseconds moment) { std::this_thread::sleep_for(moment); }
 
 Sample ProcessWatch::sample() {
     mSamples.push_back(simulator::test::sampleOf(mPid));
