@@ -86,6 +86,7 @@ class EverydayService {
     std::string quiet() {
         mIsLoud = false;
         mRaising.join();
+        raiseAll();
         return std::to_string(mRounds);
     }
 

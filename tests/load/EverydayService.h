@@ -1,9 +1,10 @@
 // The service of the soak: all three managers in one process, and events whenever it is told to be loud.
 //
 // CHILD_ROLE(everydayService) publishes them under its argument and the interfaces' names. Lines from the
-// test: "loud" and "quiet", both answered with the number of rounds of events that were raised so far;
-// "clients", answered with how many are registered with the iAP2 manager, with the USB audio manager, and by
-// how many references the iAP2 manager is held.
+// test: "loud" and "quiet", both answered with the number of rounds of events that were raised so far, the
+// last of them for whoever is registered when it becomes quiet; "clients", answered with how many are
+// registered with the iAP2 manager, with the USB audio manager, and by how many references the iAP2 manager
+// is held.
 #pragma once
 
 #include <binder/IServiceManager.h>

@@ -19,7 +19,6 @@ namespace accessory::load {
 namespace {
 
 using accessory::test::ChildProcess;
-using accessory::test::kPatience;
 using simulator::test::Sample;
 using std::chrono::steady_clock;
 
@@ -50,6 +49,12 @@ class LoadSoak : public testing::Test {
         return found;
     }
 
+    /// Whether nobody is registered any more, and nothing of those who were is left.
+    bool isDeserted() {
+        const Clients now = clientsOf();
+        return now.ofManager == 0 && now.ofAudio == 0 && now.references == referencesBefore;
+    }
+
     static std::string answerOf(ChildProcess& child, const std::string& order) {
         child.send(order);
         return child.expectLine(kLongPatience);
@@ -65,7 +70,7 @@ class LoadSoak : public testing::Test {
     void startMortal() {
         mortal =
             std::make_unique<ChildProcess>("everydayService", accessory::test::RoleArguments{mortalName});
-        EXPECT_EQ(mortal->expectLine(), "ready");
+        EXPECT_EQ(mortal->expectLine(kLongPatience), "ready");
         answerOf(*mortal, "loud");
     }
 
@@ -158,10 +163,7 @@ TEST_F(LoadSoak, OfAllInterfacesLosesNothingDoesNotGrowAndSleepsAfterwards) {
     for (const auto& client : clients) {
         EXPECT_EQ(dismiss(*client), last + ' ' + last);
     }
-    const Clients after = clientsOf();
-    EXPECT_EQ(after.ofManager, 0u);
-    EXPECT_EQ(after.ofAudio, 0u);
-    EXPECT_EQ(after.references, referencesBefore);
+    EXPECT_TRUE(accessory::test::eventually([this] { return isDeserted(); }));
 }
 
 }  // namespace
