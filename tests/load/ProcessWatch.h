@@ -22,7 +22,6 @@ class ProcessWatch {
     /// Prints the ranges, and fails the test when memory is anywhere further than 15 % from its mean, which
     /// is not asked of a sanitizer.
     void expectSteadyMemory() const;
-    const std::vector<simulator::test::Sample>& samples() const { return mSamples; }
     /// The most descriptors or threads that were seen.
     size_t most(size_t simulator::test::Sample::*figure) const;
 
