@@ -90,7 +90,7 @@ class LoadSoak : public testing::Test {
 
     /// @return the last rounds that it heard.
     std::string dismiss(ChildProcess& client) {
-        const std::string rounds = answerOf(client, "leave");
+        std::string rounds = answerOf(client, "leave");
         client.send("bye");
         EXPECT_TRUE(testing::ExitedWithCode(0)(client.wait()));
         return rounds;
@@ -160,9 +160,9 @@ TEST_F(LoadSoak, OfAllInterfacesLosesNothingDoesNotGrowAndSleepsAfterwards) {
     watch.expectSteadyMemory();
     expectSleep(everybody());
     const std::string last = std::to_string(kFirstRound + rounds - 1);
-    for (const auto& client : clients) {
-        EXPECT_EQ(dismiss(*client), last + ' ' + last);
-    }
+    const std::string ofBothManagers = std::string(last).append(" ").append(last);
+    for (const auto& client : clients)
+        EXPECT_EQ(dismiss(*client), ofBothManagers);
     EXPECT_TRUE(accessory::test::eventually([this] { return isDeserted(); }));
 }
 

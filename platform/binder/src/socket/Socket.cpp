@@ -139,7 +139,7 @@ Sent sendAll(int fd, iovec* parts, size_t partCount, const int* fds, size_t fdCo
             begun = true;
         } else if (errno == EAGAIN && rest == nullptr) {
             waitForRoom(fd);
-        } else if (errno == EAGAIN && begun) {
+        } else if (rest != nullptr && errno == EAGAIN && begun) {
             appendParts(message, rest);
             return Sent::kAll;
         } else if (errno != EINTR) {
