@@ -18,8 +18,8 @@ using namespace accessory::test;  // NOLINT(google-build-using-namespace): the t
 using simulator::test::Sample;
 using std::chrono::steady_clock;
 
-constexpr int kProcesses = 8;
-constexpr int kThreadsOfEach = 8;
+constexpr size_t kProcesses = 8;
+constexpr size_t kThreadsOfEach = 8;
 
 /// The pool's, and those of the runtime, of the program and of a sanitizer.
 constexpr size_t kMostThreads = 15 + 4;
@@ -40,7 +40,7 @@ bool shorter(const Fortune& left, const Fortune& right) { return left.longestWai
 class LoadCallers : public testing::Test {
   protected:
     LoadCallers() {
-        for (int i = 0; i < kProcesses; ++i) {
+        for (size_t i = 0; i < kProcesses; ++i) {
             callers.emplace_back("caller", RoleArguments{service.name(), std::to_string(kThreadsOfEach),
                                                          std::to_string(loadTime().count())});
         }
@@ -61,7 +61,7 @@ class LoadCallers : public testing::Test {
         std::vector<Fortune> all(kProcesses * kThreadsOfEach);
         auto next = all.begin();
         for (ChildProcess& caller : callers) {
-            for (int thread = 0; thread < kThreadsOfEach; ++thread, ++next)
+            for (size_t thread = 0; thread < kThreadsOfEach; ++thread, ++next)
                 std::istringstream(caller.expectLine(patienceFor(loadTime()))) >> next->calls >>
                     next->failures >> next->longestWait;
         }
