@@ -49,6 +49,7 @@ CHILD_ROLE(caller) {
     parent.expectLine();
     std::vector<std::string> lines(std::stoul(args.at(1)));
     std::vector<std::thread> threads;
+    threads.reserve(lines.size());
     for (std::string& line : lines)
         threads.emplace_back([&] { line = callUntil(steady_clock::now() + time, service); });
     for (std::thread& thread : threads)
