@@ -125,7 +125,7 @@ TEST_F(LoadOneway, DescriptorsThatWaitAreBoundedAsWell) {
     while (status == NO_ERROR && accepted < 1000)
         status = sendDescriptors(50);
     EXPECT_EQ(status, FAILED_TRANSACTION);
-    EXPECT_LT(ask(service.object(), kDescriptors), before + 400);
+    EXPECT_LT(ask(service.object(), kDescriptors), before + 600);
     ask(service.object(), kOpenGate);
     EXPECT_TRUE(eventually([&] { return allHaveRunInOrder(); }));
     EXPECT_TRUE(eventually([&] { return ask(service.object(), kDescriptors) == before; }));

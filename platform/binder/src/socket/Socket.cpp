@@ -30,6 +30,15 @@ void waitForRoom(int fd) {
     poll(&wanted, 1, -1);
 }
 
+std::string bytesLeft(const msghdr& message) {
+    std::string bytes;
+    for (size_t i = 0; i < message.msg_iovlen; ++i) {
+        const iovec& part = message.msg_iov[i];
+        bytes.append(static_cast<const char*>(part.iov_base), part.iov_len);
+    }
+    return bytes;
+}
+
 bool isHangUp(int error) { return error == EPIPE || error == ECONNRESET; }
 
 /// Drops the first @p count bytes and the parts that are empty then.
@@ -44,11 +53,6 @@ void advance(msghdr* message, size_t count) {
         ++message->msg_iov;
         --message->msg_iovlen;
     }
-}
-
-void appendParts(const msghdr& message, std::string* out) {
-    for (size_t i = 0; i < message.msg_iovlen; ++i)
-        out->append(static_cast<const char*>(message.msg_iov[i].iov_base), message.msg_iov[i].iov_len);
 }
 
 }  // namespace
@@ -93,6 +97,10 @@ RuntimeFd SocketFolder::connect(const std::string& name, bool wait) const {
     return fd;
 }
 
+bool SocketFolder::isAlive(const std::string& name) const {
+    return connect(name, false).isOpen() || errno == EAGAIN;
+}
+
 bool readCredentials(int fd, Credentials* out) {
     ucred kernel{};
     socklen_t size = sizeof(kernel);
@@ -128,10 +136,9 @@ Sent sendAll(int fd, iovec* parts, size_t partCount, const int* fds, size_t fdCo
         header->cmsg_len = CMSG_LEN(fdCount * sizeof(int));
         std::memcpy(CMSG_DATA(header), fds, fdCount * sizeof(int));
     }
-    const int flags = MSG_NOSIGNAL | (rest != nullptr ? MSG_DONTWAIT : 0);
     bool begun = false;
     while (message.msg_iovlen > 0) {
-        const ssize_t sent = sendMessage(fd, &message, flags);
+        const ssize_t sent = sendMessage(fd, &message, MSG_NOSIGNAL | (rest != nullptr ? MSG_DONTWAIT : 0));
         if (sent >= 0) {
             advance(&message, static_cast<size_t>(sent));
             message.msg_controllen = 0;
@@ -139,9 +146,9 @@ Sent sendAll(int fd, iovec* parts, size_t partCount, const int* fds, size_t fdCo
             begun = true;
         } else if (errno == EAGAIN && rest == nullptr) {
             waitForRoom(fd);
-        } else if (rest != nullptr && errno == EAGAIN && begun) {
-            appendParts(message, rest);
-            return Sent::kAll;
+        } else if (errno == EAGAIN && begun) {
+            *rest = bytesLeft(message);
+            return Sent::kBegun;
         } else if (errno != EINTR) {
             return begun || isHangUp(errno) ? Sent::kGone : Sent::kNothing;
         }
