@@ -1,5 +1,5 @@
 // What the runtime does when operator new throws: a step that somebody waits for fails with a status, one
-// that nobody could be told of is tried again.
+// that nobody could be told of is tried again, and what was done in halves is undone.
 #pragma once
 
 #include <utils/Errors.h>
@@ -36,6 +36,18 @@ auto patiently(const Action& action) {
         }
     }
     return action();
+}
+
+/// @return what @p action returns. When there is no memory for it, @p undo takes back what was done in front
+/// of it, and std::bad_alloc goes on.
+template <typename Action, typename Undo>
+auto elseUndo(const Action& action, const Undo& undo) {
+    try {
+        return action();
+    } catch (const std::bad_alloc&) {
+        undo();
+        throw;
+    }
 }
 
 }  // namespace android::runtime

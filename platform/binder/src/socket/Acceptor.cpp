@@ -22,8 +22,10 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto kGreetingTime = 5s;
-/// How long to leave callers waiting at the door when this process has no descriptors left.
-constexpr auto kPause = 50ms;
+constexpr auto kSweepTime = 1s;
+constexpr const char* kSilence = "it leaves too many connections without a word";
+/// How many to let in before the reactor looks after everything else again.
+constexpr int kTurn = 64;
 
 /// @param own nobody connects to itself; whoever says so would pass for this process, and his end for its
 /// own.
@@ -72,7 +74,7 @@ void Acceptor::rewatch() {
 }
 
 void Acceptor::acceptAll(const Listener& listener) {
-    for (;;) {
+    for (int taken = 0; taken < kTurn; ++taken) {
         auto greeting = patiently([] { return std::make_shared<Greeting>(); });
         greeting->fd = RuntimeFd(accept4(listener->get(), nullptr, nullptr, SOCK_CLOEXEC));
         if (greeting->fd.isOpen()) {
@@ -89,7 +91,7 @@ void Acceptor::pause(const Listener& listener) {
     BINDER_LOGE("callers have to wait at the door: %s", strerror(errno));
     const std::lock_guard<std::mutex> guard(mLock);
     if (mListener != listener) return;
-    patiently([this] { mNode.reactor.after(kPause, [this] { rewatch(); }); });
+    patiently([this] { mNode.reactor.after(Reactor::kPause, [this] { rewatch(); }); });
     mNode.reactor.forget(std::exchange(mWatch, 0), listener->get());
 }
 
@@ -101,41 +103,76 @@ void Acceptor::greet(const std::shared_ptr<Greeting>& greeting) {
     const bool waiting = got > 0 ? greeting->bytes < sizeof(Hello) : got < 0 && isPassing(errno);
     if (waiting && greeting->watch == 0) return listenOn(greeting);
     if (waiting) return;
-    if (greeting->watch != 0) mNode.reactor.forget(greeting->watch, greeting->fd.get());
-    if (greeting->bytes == sizeof(Hello)) admit(&greeting->fd, greeting->hello);
+    end(greeting.get());
+    if (greeting->bytes == sizeof(Hello)) patiently([&] { admit(&greeting->fd, greeting->hello); });
     greeting->fd.reset();
 }
 
 void Acceptor::listenOn(const std::shared_ptr<Greeting>& greeting) {
+    if (!readCredentials(greeting->fd.get(), &greeting->who)) return;
+    greeting->share = patiently([&] { return mQuota.take(greeting->who.pid); });
+    if (!greeting->share) return mNode.refusals.tell(greeting->who, kSilence);
+    if (mGreetings.size() >= kMostGreetingsInAll) endOldest();
+    greeting->deadline = Reactor::Clock::now() + kGreetingTime;
+    greeting->watch = patiently([&] { return watch(greeting); });
+    if (greeting->watch == 0) return;
     patiently([&] {
-        greeting->watch =
-            mNode.reactor.watch(greeting->fd.get(), EPOLLIN, [this, greeting](uint32_t) { greet(greeting); });
+        mGreetings.emplace(greeting->watch, greeting);
+        sweepLater();
     });
-    const auto giveUp = [this, waiting = std::weak_ptr<Greeting>(greeting)] {
-        const auto late = waiting.lock();
-        if (late == nullptr || !late->fd.isOpen()) return;
-        mNode.reactor.forget(late->watch, late->fd.get());
-        late->fd.reset();
-    };
-    patiently([&] { mNode.reactor.after(kGreetingTime, giveUp); });
 }
 
-/// A connection that is closed here looks to its caller like the end of this process, so each step waits for
-/// the memory that it needs.
+uint64_t Acceptor::watch(const std::shared_ptr<Greeting>& greeting) {
+    return mNode.reactor.watch(greeting->fd.get(), EPOLLIN, [this, greeting](uint32_t) { greet(greeting); });
+}
+
+void Acceptor::end(Greeting* greeting) {
+    if (greeting->watch == 0) return;
+    mNode.reactor.forget(greeting->watch, greeting->fd.get());
+    mGreetings.erase(greeting->watch);
+}
+
+/// Who means to speak does so at once, so it is never an honest one's turn.
+void Acceptor::endOldest() {
+    const auto oldest = mGreetings.begin()->second;
+    mNode.refusals.tell(oldest->who, kSilence);
+    end(oldest.get());
+    oldest->fd.reset();
+}
+
+void Acceptor::sweepLater() {
+    if (mSweeping) return;
+    mNode.reactor.after(kSweepTime, [this] { sweep(); });
+    mSweeping = true;
+}
+
+void Acceptor::sweep() {
+    mSweeping = false;
+    const auto now = Reactor::Clock::now();
+    while (!mGreetings.empty() && mGreetings.begin()->second->deadline <= now) {
+        const auto late = mGreetings.begin()->second;
+        end(late.get());
+        late->fd.reset();
+    }
+    if (!mGreetings.empty()) patiently([this] { sweepLater(); });
+}
+
+/// A connection that is closed here looks to its caller like the end of this process, so its memory is waited
+/// for: until @p fd is taken over nothing has happened that cannot happen again.
 void Acceptor::admit(RuntimeFd* fd, const Hello& hello) {
     Credentials credentials;
     if (!readCredentials(fd->get(), &credentials)) return;
     if (!mNode.access.admits(fd->get(), credentials))
-        return mRefusals.tell(credentials, "it is another user's");
+        return mNode.refusals.tell(credentials, "it is another user's");
     if (!isUsable(hello, mNode.id)) {
-        return mRefusals.tell(credentials, "it does not speak this version of the protocol");
+        return mNode.refusals.tell(credentials, "it does not speak this version of the protocol");
     }
-    const std::shared_ptr<Peer> peer = patiently([&] { return mNode.peers.get(hello.sender); });
-    if (hello.kind == ConnectionKind::kLink) return patiently([&] { peer->adoptLink(fd, credentials); });
-    auto connection = patiently(
-        [&] { return std::make_unique<Connection>(std::move(*fd), hello.kind, peer, credentials); });
-    const bool added = patiently([&] { return mNode.workers.add(&connection); });
-    if (!added) mRefusals.tell(credentials, "it has too many connections");
+    const std::shared_ptr<Peer> peer = mNode.peers.get(hello.sender);
+    if (!peer->isOf(credentials)) return mNode.refusals.tell(credentials, "it poses as another process");
+    if (hello.kind == ConnectionKind::kLink) return peer->adoptLink(fd, credentials);
+    auto connection = std::make_unique<Connection>(std::move(*fd), hello.kind, peer, credentials);
+    if (!patiently([&] { return mNode.workers.add(&connection); }))
+        mNode.refusals.tell(credentials, "it has too many connections");
 }
 
 }  // namespace android::runtime

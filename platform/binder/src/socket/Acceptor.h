@@ -2,11 +2,14 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <mutex>
 
-#include "Access.h"
 #include "Frame.h"
+#include "Limits.h"
+#include "Quota.h"
+#include "Reactor.h"
 #include "RuntimeFd.h"
 #include "Socket.h"
 
@@ -32,6 +35,9 @@ class Acceptor {
         Hello hello;
         size_t bytes = 0;
         uint64_t watch = 0;
+        Credentials who;
+        Reactor::Clock::time_point deadline;
+        Quota::Share share;
     };
 
     bool isOpenLocked() const;
@@ -41,13 +47,20 @@ class Acceptor {
     void pause(const Listener& listener);
     void greet(const std::shared_ptr<Greeting>& greeting);
     void listenOn(const std::shared_ptr<Greeting>& greeting);
+    uint64_t watch(const std::shared_ptr<Greeting>& greeting);
+    void end(Greeting* greeting);
+    void endOldest();
+    void sweepLater();
+    void sweep();
     void admit(RuntimeFd* fd, const Hello& hello);
 
     Node& mNode;
     std::mutex mLock;  // guards the listener and its watch
     Listener mListener;
     uint64_t mWatch = 0;
-    RefusalLog mRefusals;
+    Quota mQuota{kMostGreetings};
+    std::map<uint64_t, std::shared_ptr<Greeting>> mGreetings;  // by watch, so the oldest first
+    bool mSweeping = false;                                    // a timer looks for late ones
 };
 
 }  // namespace android::runtime

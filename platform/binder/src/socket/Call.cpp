@@ -8,8 +8,10 @@
 #include "../Log.h"
 #include "../OutOfMemory.h"
 #include "../Transport.h"
+#include "Limits.h"
 #include "Node.h"
 #include "ParcelCodec.h"
+#include "SlowCall.h"
 
 namespace android::runtime {
 
@@ -78,12 +80,12 @@ bool sendReply(Connection& connection, status_t status, const Parcel& reply) {
     return connection.send(header, nullptr, {}, {}) == NO_ERROR;
 }
 
-status_t takeReply(Frame* frame, Parcel* reply) {
+status_t takeReply(Frame* frame, Parcel* reply, Peer& sender) {
     Parcel unwanted;
     Parcel& answer = reply != nullptr ? *reply : unwanted;
     answer.freeData();
     if (frame->body.bytes() == nullptr) return NO_MEMORY;
-    decode(frame, &answer);
+    decode(frame, &answer, sender);
     return static_cast<status_t>(frame->header.code);
 }
 
@@ -96,14 +98,14 @@ status_t awaitReply(Connection& connection, Parcel* reply, bool* intact) {
         if (received == Received::kNothing) continue;
         if (received == Received::kFrame && frame.header.kind == FrameKind::kReply) {
             *intact = true;
-            return takeReply(&frame, reply);
+            return takeReply(&frame, reply, *connection.peer());
         }
         if (received == Received::kFrame && frame.header.kind == FrameKind::kCall) {
             if (serveCall(connection, &frame)) continue;
             return DEAD_OBJECT;
         }
         if (received != Received::kClosed) {
-            BINDER_LOGE("process %d breaks the protocol", connection.credentials().pid);
+            Node::instance().refusals.tell(connection.credentials(), "it breaks the protocol");
         }
         return DEAD_OBJECT;
     }
@@ -112,10 +114,18 @@ status_t awaitReply(Connection& connection, Parcel* reply, bool* intact) {
 status_t callOn(Connection& connection, const FrameHeader& header, const Parcel& data, Parcel* reply,
                 bool* intact) {
     const Active active(connection);
+    SlowCall slow(connection, header, data);
     *intact = true;
-    const status_t status = sendFrame(connection, header, data);
+    status_t status = sendFrame(connection, header, data);
     if (status == DEAD_OBJECT) *intact = false;
-    return status == NO_ERROR ? awaitReply(connection, reply, intact) : status;
+    if (status == NO_ERROR) status = awaitReply(connection, reply, intact);
+    slow.ended(status);
+    return status;
+}
+
+size_t weightOf(const Frame& oneway) {
+    return sizeof(OnewayCall) + oneway.body.capacity() + oneway.header.objectCount * kOnewayObjectBytes +
+           oneway.header.descriptorCount * kOnewayDescriptorBytes;
 }
 
 }  // namespace
@@ -152,7 +162,7 @@ bool serveCall(Connection& connection, Frame* frame) {
     if (frame->body.bytes() == nullptr) return sendReply(connection, NO_MEMORY, Parcel());
     const FrameHeader header = frame->header;
     Parcel data;
-    decode(frame, &data);
+    decode(frame, &data, *connection.peer());
     const sp<BBinder> object = Node::instance().exports.find(header.target);
     if (object == nullptr) return sendReply(connection, DEAD_OBJECT, Parcel());
     if (tActive.size() >= kDeepestNesting) {
@@ -173,7 +183,8 @@ void OnewayCall::take(const Connection& connection, Frame* frame) {
     code = frame->header.code;
     flags = frame->header.flags;
     caller = connection.credentials();
-    decode(frame, &data);
+    weight = weightOf(*frame);
+    decode(frame, &data, *connection.peer());
 }
 
 void OnewayCall::run() {

@@ -1,10 +1,19 @@
 #include "Exports.h"
 
 #include <algorithm>
-#include <new>
 #include <utility>
 
+#include "../OutOfMemory.h"
+#include "Limits.h"
+
 namespace android::runtime {
+
+namespace {
+
+/// More than anybody counts to, and few enough that no flood of claims overflows.
+constexpr int64_t kMostReferences = int64_t{1} << 40;
+
+}  // namespace
 
 sp<BBinder> Exports::find(const Token& token) {
     const std::lock_guard<std::mutex> guard(mLock);
@@ -15,48 +24,90 @@ sp<BBinder> Exports::find(const Token& token) {
 Token Exports::lend(const sp<BBinder>& object, const PeerId& holder) {
     const std::lock_guard<std::mutex> guard(mLock);
     const auto known = mTokens.find(object.get());
-    if (known == mTokens.end()) return enterLocked(object, holder);
-    ++mByToken[known->second].holders[holder];
-    return known->second;
+    const auto entry = known != mTokens.end() ? mByToken.find(known->second) : enterLocked(object);
+    const auto eraseNew = [&] {
+        if (entry->second.holders.empty()) eraseLocked(entry);
+    };
+    int64_t* const count =
+        elseUndo([&] { return countLocked(entry->first, &entry->second, holder); }, eraseNew);
+    if (count != nullptr) {
+        ++*count;
+        return entry->first;
+    }
+    eraseNew();
+    return {};
 }
 
 /// In both tables, or, when there is no memory, in neither.
-Token Exports::enterLocked(const sp<BBinder>& object, const PeerId& holder) {
+Exports::Table::iterator Exports::enterLocked(const sp<BBinder>& object) {
     const Token token(Secret::random());
-    Export entry{object, {{holder, 1}}};
     const auto named = mTokens.emplace(object.get(), token).first;
-    try {
-        mByToken.emplace(token, std::move(entry));
-    } catch (const std::bad_alloc&) {
-        mTokens.erase(named);
-        throw;
-    }
-    return token;
+    return elseUndo(
+        [&] {
+            return mByToken.emplace(token, Export{object, {}}).first;
+        },
+        [&] { mTokens.erase(named); });
 }
 
 sp<BBinder> Exports::adjust(const Token& token, const PeerId& holder, int64_t change) {
-    const std::lock_guard<std::mutex> guard(mLock);
+    return patiently([&] {
+        const std::lock_guard<std::mutex> guard(mLock);
+        return adjustLocked(token, holder, change);
+    });
+}
+
+sp<BBinder> Exports::adjustLocked(const Token& token, const PeerId& holder, int64_t change) {
     const auto entry = mByToken.find(token);
     if (entry == mByToken.end()) return nullptr;
-    auto& holders = entry->second.holders;
-    int64_t& count = holders[holder];
-    count += change;
-    if (count == 0) holders.erase(holder);
+    int64_t* const count = countLocked(token, &entry->second, holder);
+    if (count == nullptr) return nullptr;
+    *count = std::clamp(*count + change, -kMostReferences, kMostReferences);
+    if (*count == 0) {
+        entry->second.holders.erase(holder);
+        forgetLocked(token, holder);
+    }
     return isHeld(entry->second) ? nullptr : eraseLocked(entry);
 }
 
 Exports::Objects Exports::dropHolder(const PeerId& holder) {
+    return patiently([&] {
+        const std::lock_guard<std::mutex> guard(mLock);
+        return dropHolderLocked(holder);
+    });
+}
+
+Exports::Objects Exports::dropHolderLocked(const PeerId& holder) {
     Objects unheld;
-    const std::lock_guard<std::mutex> guard(mLock);
+    const auto held = mHeld.find(holder);
+    if (held == mHeld.end()) return unheld;
     // Room for all first, so that none is lost for want of it half way.
-    unheld.reserve(mByToken.size());
-    for (auto entry = mByToken.begin(); entry != mByToken.end();) {
-        const auto current = entry++;
-        if (current->second.holders.erase(holder) > 0 && !isHeld(current->second)) {
-            unheld.push_back(eraseLocked(current));
-        }
+    unheld.reserve(held->second.size());
+    const auto tokens = std::move(held->second);
+    mHeld.erase(held);
+    for (const Token& token : tokens) {
+        const auto entry = mByToken.find(token);
+        entry->second.holders.erase(holder);
+        if (!isHeld(entry->second)) unheld.push_back(eraseLocked(entry));
     }
     return unheld;
+}
+
+/// The holder's count of references to an object, new or not; null when it has too many objects.
+int64_t* Exports::countLocked(const Token& token, Export* entry, const PeerId& holder) {
+    const auto known = entry->holders.find(holder);
+    if (known != entry->holders.end()) return &known->second;
+    auto& held = mHeld[holder];
+    if (held.size() >= kMostObjects) return nullptr;
+    const auto count = entry->holders.emplace(holder, 0).first;
+    elseUndo([&] { held.insert(token); }, [&] { entry->holders.erase(count); });
+    return &count->second;
+}
+
+void Exports::forgetLocked(const Token& token, const PeerId& holder) {
+    const auto held = mHeld.find(holder);
+    if (held == mHeld.end()) return;
+    held->second.erase(token);
+    if (held->second.empty()) mHeld.erase(held);
 }
 
 size_t Exports::size() {
@@ -70,6 +121,8 @@ bool Exports::isHeld(const Export& entry) {
 }
 
 sp<BBinder> Exports::eraseLocked(Table::iterator entry) {
+    for (const auto& [holder, count] : entry->second.holders)
+        forgetLocked(entry->first, holder);
     sp<BBinder> object = std::move(entry->second.object);
     mTokens.erase(object.get());
     mByToken.erase(entry);

@@ -2,7 +2,6 @@
 
 #include <unistd.h>
 
-#include <chrono>
 #include <cstdlib>
 #include <memory>
 #include <utility>
@@ -14,16 +13,6 @@
 namespace android::runtime {
 
 namespace {
-
-/// How long to wait for descriptors when there are none to reach a process with.
-constexpr std::chrono::milliseconds kPause{50};
-
-/// Holds the references of objects that are on their way back to this process, so that the sender's own
-/// reference may end before they arrive.
-const PeerId& homecoming() {
-    static const auto* const holder = new PeerId(Secret::random());
-    return *holder;
-}
 
 /// Other processes recognise a dead one without this; it only keeps the folder tidy.
 void removeSocket() {
@@ -51,11 +40,7 @@ Node& Node::instance() {
     return *node;
 }
 
-Node::Node()
-    : folder(chooseRuntimeFolder()),
-      peers(*this),
-      notices([this] { patiently([this] { reactor.after(kPause, [this] { notices.ensureRunning(); }); }); }),
-      mAcceptor(*this) {}
+Node::Node() : folder(chooseRuntimeFolder()), peers(*this), mAcceptor(*this) {}
 
 bool Node::prepare() {
     const std::lock_guard<std::mutex> guard(mPreparing);
@@ -63,44 +48,39 @@ bool Node::prepare() {
            mAcceptor.open();
 }
 
-sp<IBinder> Node::comeHome(const Token& token) {
+sp<IBinder> Node::comeHome(const Token& token, Peer& sender) {
     const sp<BBinder> object = exports.find(token);
     if (object == nullptr) return nullptr;
-    letGo(patiently([&] { return exports.adjust(token, homecoming(), -1); }));
+    letGo(exports.adjust(token, sender.homecoming(), -1));
     return object;
 }
 
-sp<BBinder> Node::credit(const Token& token, const PeerId& beneficiary, int64_t change) {
-    const PeerId& holder = beneficiary == id ? homecoming() : beneficiary;
-    sp<BBinder> unheld = patiently([&] { return exports.adjust(token, holder, change); });
-    // Connecting may wait, which the reactor must not.
-    if (beneficiary != id) notify([this, beneficiary] { watchOver(beneficiary); });
-    return unheld;
-}
-
-void Node::watchOver(const PeerId& holder) {
-    const std::shared_ptr<Peer> peer = patiently([&] { return peers.get(holder); });
+sp<BBinder> Node::credit(const Token& token, const PeerId& beneficiary, int64_t change, Peer& passer) {
+    if (beneficiary == id) return exports.adjust(token, passer.homecoming(), change);
+    if (exports.find(token) == nullptr) return nullptr;
+    sp<BBinder> unheld = exports.adjust(token, beneficiary, change);
     // One that is found dead loses its references at once.
-    if (patiently([&] { return peer->ensureLinked(); }) || peer->isDead()) return;
-    patiently(
-        [&] { reactor.after(kPause, [this, holder] { notify([this, holder] { watchOver(holder); }); }); });
+    const bool sought = patiently([&] { return peers.get(beneficiary)->seekLink(); });
+    if (sought || unheld != nullptr) return unheld;
+    refusals.tell(passer.credentials(), "it passes objects on to too many that cannot be reached");
+    return exports.adjust(token, beneficiary, -change);
 }
 
 /// The notice empties what it shares with this function, so that the last reference ends there.
 void Node::letGo(Exports::Objects objects) {
     if (objects.empty()) return;
     const auto kept = patiently([&] { return std::make_shared<Exports::Objects>(std::move(objects)); });
-    patiently([&] { notices.post([kept] { kept->clear(); }); });
+    patiently([&] { notices.post("releasing objects that nobody holds", [kept] { kept->clear(); }); });
 }
 
 void Node::letGo(sp<BBinder> object) {
     if (object == nullptr) return;
     const auto kept = patiently([&] { return std::make_shared<sp<BBinder>>(std::move(object)); });
-    patiently([&] { notices.post([kept] { *kept = nullptr; }); });
+    patiently([&] { notices.post("releasing an object that nobody holds", [kept] { *kept = nullptr; }); });
 }
 
 void Node::startWorkers() {
-    if (!workers.start()) patiently([this] { reactor.after(kPause, [this] { startWorkers(); }); });
+    if (!workers.start()) patiently([this] { reactor.after(Reactor::kPause, [this] { startWorkers(); }); });
 }
 
 }  // namespace android::runtime

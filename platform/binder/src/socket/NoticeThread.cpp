@@ -4,27 +4,29 @@
 
 #include "../Contained.h"
 #include "../Log.h"
+#include "../OutOfMemory.h"
 #include "RuntimeThread.h"
 
 namespace android::runtime {
 
-void NoticeThread::post(Notice notice) {
+void NoticeThread::post(std::string subject, std::function<void()> action) {
     {
         const std::lock_guard<std::mutex> guard(mLock);
-        mNotices.push_back(std::move(notice));
+        mNotices.push_back({std::move(subject), std::move(action)});
         mArrived.notify_one();
-        if (mStarted) return;
     }
     ensureRunning();
+    watch();
 }
 
+/// The system may have no thread left for the moment.
 void NoticeThread::ensureRunning() {
     {
         const std::lock_guard<std::mutex> guard(mLock);
         if (!mStarted) mStarted = startRuntimeThread("binder-notices", [this] { run(); });
         if (mStarted) return;
     }
-    mRetry();
+    patiently([this] { mReactor.after(Reactor::kPause, [this] { ensureRunning(); }); });
 }
 
 void NoticeThread::run() {
@@ -35,11 +37,55 @@ void NoticeThread::run() {
             mArrived.wait(guard, [this] { return !mNotices.empty(); });
             next = std::move(mNotices.front());
             mNotices.pop_front();
+            mRunning.begin(LongWait::Clock::now());
+            mSubject = std::move(next.subject);
         }
-        if (const auto thrown = thrownBy(next)) {
+        watch();
+        if (const auto thrown = thrownBy(next.action)) {
             BINDER_LOGE("an exception left a destructor or another notice: %s", thrown->c_str());
         }
+        end();
     }
+}
+
+void NoticeThread::end() {
+    const std::lock_guard<std::mutex> guard(mLock);
+    if (mRunning.wasTold()) {
+        BINDER_LOGW("%s has ended after %.1f s; notices go on", mSubject.c_str(), mRunning.seconds());
+    }
+    mSubject.clear();
+}
+
+/// Sees to it that somebody looks in time, if a notice waits behind another.
+void NoticeThread::watch() {
+    std::chrono::milliseconds left{0};
+    {
+        const std::lock_guard<std::mutex> guard(mLock);
+        if (mWatched || mSubject.empty() || mNotices.empty() || LongWait::firstSpan().count() == 0) return;
+        mWatched = true;
+        left = mRunning.untilTelling();
+    }
+    const status_t arranged = unlessExhausted([&] {
+        mReactor.after(left, [this] { look(); });
+        return NO_ERROR;
+    });
+    if (arranged == NO_ERROR) return;
+    const std::lock_guard<std::mutex> guard(mLock);
+    mWatched = false;
+}
+
+/// On the reactor's thread. What is running may have begun after the look was arranged.
+void NoticeThread::look() {
+    {
+        const std::lock_guard<std::mutex> guard(mLock);
+        mWatched = false;
+        if (!mSubject.empty() && !mNotices.empty() && mRunning.untilTelling().count() == 0) {
+            BINDER_LOGW("%s has been going on for %.1f s; %zu notices wait behind it", mSubject.c_str(),
+                        mRunning.seconds(), mNotices.size());
+            mRunning.told();
+        }
+    }
+    watch();
 }
 
 }  // namespace android::runtime

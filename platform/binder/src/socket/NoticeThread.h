@@ -5,35 +5,46 @@
 #include <deque>
 #include <functional>
 #include <mutex>
-#include <utility>
+#include <string>
+
+#include "LongWait.h"
+#include "Reactor.h"
 
 namespace android::runtime {
 
 /// Runs foreign code that the runtime provokes outside any call, in order, one after the other: recipients of
 /// death notices and destructors of lent objects may lock and wait without holding up the reactor. The thread
-/// starts with the first notice. mLock is a leaf; notices run without it.
+/// starts with the first notice. A notice that holds up others for long is told to the log. mLock is a leaf;
+/// notices run without it.
 class NoticeThread {
   public:
-    using Notice = std::function<void()>;
+    explicit NoticeThread(Reactor& reactor) : mReactor(reactor) {}
 
-    /// @param retry called when the system has no thread left: to call run() again some time later.
-    explicit NoticeThread(std::function<void()> retry) : mRetry(std::move(retry)) {}
-
-    /// Runs @p notice soon, after all that were posted before. Any thread.
-    void post(Notice notice);
-
-    /// Sees to it that there is a thread for what was posted.
-    void ensureRunning();
+    /// Runs @p action soon, after all that were posted before. Any thread. Throws std::bad_alloc, and has not
+    /// taken it, when there is no memory.
+    /// @param subject what the log calls it.
+    void post(std::string subject, std::function<void()> action);
 
   private:
+    struct Notice {
+        std::string subject;
+        std::function<void()> action;
+    };
+
+    void ensureRunning();
     void run();
+    void end();
+    void watch();
+    void look();
 
-    const std::function<void()> mRetry;
-
+    Reactor& mReactor;
     std::mutex mLock;
     std::condition_variable mArrived;
     std::deque<Notice> mNotices;
     bool mStarted = false;
+    std::string mSubject;  // of the notice that runs; none when empty
+    LongWait mRunning;
+    bool mWatched = false;  // a look is due
 };
 
 }  // namespace android::runtime

@@ -45,7 +45,8 @@ status_t EncodedParcel::encodeObjects() {
     for (const ParcelAccess::Object& object : ParcelAccess::objects(mParcel)) {
         std::memset(&mBlanked[object.offset], 0, sizeof(flat_binder_object));
         if (object.binder != nullptr) {
-            encodeBinder(object.offset, object.binder);
+            const status_t status = encodeBinder(object.offset, object.binder);
+            if (status != NO_ERROR) return status;
         } else {
             mRecords.push_back({static_cast<uint32_t>(object.offset), ObjectKind::kDescriptor, {}, {}});
             mFds.push_back(object.fd);
@@ -57,7 +58,7 @@ status_t EncodedParcel::encodeObjects() {
 }
 
 /// What is lent or passed on is noted down for sure: there is room for it before anybody is told.
-void EncodedParcel::encodeBinder(size_t offset, const sp<IBinder>& binder) {
+status_t EncodedParcel::encodeBinder(size_t offset, const sp<IBinder>& binder) {
     const size_t most = mParcel.objectsCount();
     mRecords.reserve(most);
     ObjectRecord record;
@@ -65,7 +66,8 @@ void EncodedParcel::encodeBinder(size_t offset, const sp<IBinder>& binder) {
     if (BBinder* const local = binder->localBinder()) {
         record.owner = Node::instance().id;
         mLent.reserve(most);
-        record.token = mReceiver.lend(local);
+        const status_t status = mReceiver.lend(local, &record.token);
+        if (status != NO_ERROR) return status;
         if (record.token) mLent.push_back(record.token);
     } else if (BpBinder* const proxy = binder->remoteBinder()) {
         const auto& remote = static_cast<SocketRemote&>(proxy->remoteObject());
@@ -76,6 +78,7 @@ void EncodedParcel::encodeBinder(size_t offset, const sp<IBinder>& binder) {
         mPassedOn.emplace_back(remote.peer().shared_from_this(), remote.token());
     }
     mRecords.push_back(record);
+    return NO_ERROR;
 }
 
 void EncodedParcel::describe(FrameHeader* header) const {
@@ -91,17 +94,17 @@ void EncodedParcel::sent() {
 
 namespace {
 
-sp<IBinder> objectOf(const ObjectRecord& record) {
+sp<IBinder> objectOf(const ObjectRecord& record, Peer& sender) {
     Node& node = Node::instance();
     if (!record.owner || !record.token) return nullptr;
-    if (record.owner == node.id) return node.comeHome(record.token);
+    if (record.owner == node.id) return node.comeHome(record.token, sender);
     // A reference that was received and not noted down would never be given back.
     return patiently([&] { return node.peers.get(record.owner)->receive(record.token); });
 }
 
 }  // namespace
 
-void decode(Frame* frame, Parcel* parcel) {
+void decode(Frame* frame, Parcel* parcel, Peer& sender) {
     const FrameHeader& header = frame->header;
     std::vector<ObjectRecord> records;
     patiently([&] { records.reserve(header.objectCount); });
@@ -115,7 +118,7 @@ void decode(Frame* frame, Parcel* parcel) {
         if (record.kind == ObjectKind::kDescriptor) {
             ParcelAccess::addDescriptor(*parcel, record.offset, std::exchange(*nextFd++, -1));
         } else {
-            ParcelAccess::addBinder(*parcel, record.offset, objectOf(record));
+            ParcelAccess::addBinder(*parcel, record.offset, objectOf(record, sender));
         }
     }
 }

@@ -20,6 +20,9 @@ class Reactor {
     using Handler = std::function<void(uint32_t events)>;
     using Clock = std::chrono::steady_clock;
 
+    /// How long to leave alone what cannot be had or done just now.
+    static constexpr std::chrono::milliseconds kPause{50};
+
     /// Starts the thread unless it runs. @return false, which is logged, when something is missing for it;
     /// what is asked of it waits until the next attempt.
     bool start();

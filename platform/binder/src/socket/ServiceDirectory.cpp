@@ -121,7 +121,7 @@ std::vector<std::string> ServiceDirectory::names() const {
 }
 
 int ServiceDirectory::probe(const PeerId& owner) const {
-    if (mFolder.connect(owner.toString(), true).isOpen()) return NO_ERROR;
+    if (mFolder.isAlive(owner.toString())) return NO_ERROR;
     return errno == ECONNREFUSED || errno == ENOENT ? static_cast<int>(DEAD_OBJECT) : -errno;
 }
 

@@ -50,9 +50,11 @@ class SocketTransport : public Transport {
 status_t SocketTransport::publish(const std::string& name, const sp<BBinder>& service) {
     if (!mNode.prepare()) return NO_INIT;
     const std::lock_guard<std::mutex> guard(mLock);
-    const auto [published, isNew] = mPublished.try_emplace(name);
+    const auto published = mPublished.try_emplace(name).first;
     const Token token = mNode.exports.lend(service, mNode.id);
-    const status_t status = unlessExhausted([&] { return mDirectory.publish(name, {mNode.id, token}); });
+    const status_t status = unlessExhausted([&] {
+        return token ? mDirectory.publish(name, {mNode.id, token}) : status_t{NO_MEMORY};
+    });
     const Token old = status == NO_ERROR ? std::exchange(published->second, token) : token;
     if (old) withdraw(old);
     if (!published->second) mPublished.erase(published);

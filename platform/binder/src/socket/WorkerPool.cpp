@@ -13,6 +13,8 @@
 
 #include "../Log.h"
 #include "../OutOfMemory.h"
+#include "Limits.h"
+#include "LongWait.h"
 #include "RuntimeThread.h"
 
 namespace android::runtime {
@@ -20,21 +22,22 @@ namespace android::runtime {
 namespace {
 
 /// How long a thread waits on a connection for its next call before it looks after the others again.
-constexpr int kPatienceMs = 5;
+constexpr std::chrono::milliseconds kPatience{5};
 /// How many calls in a row one connection gets while there are more connections than threads.
 constexpr int kTurn = 32;
-
-/// A process has one connection per call that it has under way, and a few at rest.
-constexpr size_t kMostOfAProcess = 512;
 
 /// How long a thread leaves the kernel alone that has no descriptor for it.
 constexpr std::chrono::milliseconds kPause{50};
 
-constexpr uint32_t kOnce = EPOLLIN | EPOLLRDHUP | EPOLLONESHOT;
+/// What to wait for. While an answer waits for room, nothing that the other end says is of interest.
+uint32_t eventsOf(const Connection& connection) {
+    return EPOLLONESHOT | (connection.hasUnsent() ? EPOLLOUT : EPOLLIN | EPOLLRDHUP);
+}
 
 }  // namespace
 
-WorkerPool::WorkerPool() : mOneway([this](Connection& connection) { putBack(connection); }) {}
+WorkerPool::WorkerPool(RefusalLog& refusals)
+    : mRefusals(refusals), mOneway([this](Connection& connection) { putBack(connection); }) {}
 
 bool WorkerPool::open() {
     const std::lock_guard<std::mutex> guard(mLock);
@@ -46,26 +49,26 @@ bool WorkerPool::open() {
 /// A thread may take it out of the set at once, but not let it go before it is entered here.
 bool WorkerPool::add(std::unique_ptr<Connection>* connection) {
     Connection& added = **connection;
-    if (added.kind() == ConnectionKind::kCall) added.setPatience(kPatienceMs);
+    if (added.kind() == ConnectionKind::kCall) added.setTimeLimits(kPatience, LongWait::firstSpan());
     const std::lock_guard<std::mutex> guard(mLock);
-    size_t& count = mByProcess[added.credentials().pid];
-    if (count >= kMostOfAProcess) return false;
+    size_t& connections = mByProcess[added.credentials().pid].connections;
+    if (connections >= kMostConnections) return false;
     const auto place = mConnections.try_emplace(&added).first;
-    if (!watch(added)) {
+    if (!watch(added, EPOLL_CTL_ADD)) {
         mConnections.erase(place);
         throw std::bad_alloc();
     }
     place->second = std::move(*connection);
-    ++count;
+    ++connections;
     mConnectionCount = mConnections.size();
     return true;
 }
 
 /// The kernel refuses for want of memory only.
-bool WorkerPool::watch(Connection& connection) const {
-    epoll_event event{kOnce, {}};
+bool WorkerPool::watch(Connection& connection, int operation) const {
+    epoll_event event{eventsOf(connection), {}};
     event.data.ptr = &connection;
-    return epoll_ctl(mEpoll.get(), EPOLL_CTL_ADD, connection.fd(), &event) == 0;
+    return epoll_ctl(mEpoll.get(), operation, connection.fd(), &event) == 0;
 }
 
 bool WorkerPool::start() {
@@ -124,11 +127,13 @@ void WorkerPool::serve(Connection& connection) {
 void WorkerPool::serveCalls(Connection& connection) {
     Wait wait = Wait::kNo;
     for (int served = 0;; ++served) {
+        if (connection.hasUnsent() && !connection.flush()) return putBack(connection);
         Frame frame;
         const Received received = connection.receive(&frame, wait);
         if (received == Received::kNothing) return putBack(connection);
-        if (received != Received::kFrame || frame.header.kind != FrameKind::kCall) return drop(connection);
-        if (!serveCall(connection, &frame)) return drop(connection);
+        if (received != Received::kFrame || !connection.expects(frame, FrameKind::kCall))
+            return drop(connection, connection.offence());
+        if (!serveCall(connection, &frame)) return drop(connection, connection.offence());
         if (!mayStay(served)) return putBack(connection);
         wait = Wait::kBriefly;
     }
@@ -136,10 +141,12 @@ void WorkerPool::serveCalls(Connection& connection) {
 
 /// One frame, so that the next can be received by another thread while this one runs the call.
 void WorkerPool::serveOneway(Connection& connection) {
+    if (!mOneway.hasRoom(connection)) return;
     Frame frame;
     const Received received = connection.receive(&frame, Wait::kNo);
     if (received == Received::kNothing) return putBack(connection);
-    if (received != Received::kFrame || frame.header.kind != FrameKind::kOneway) return drop(connection);
+    if (received != Received::kFrame || !connection.expects(frame, FrameKind::kOneway))
+        return drop(connection, connection.offence());
     if (frame.body.bytes() == nullptr) {
         BINDER_LOGE("a one-way call is lost: no memory");
         return putBack(connection);
@@ -148,7 +155,7 @@ void WorkerPool::serveOneway(Connection& connection) {
     call->take(connection, &frame);
     const sp<BBinder> object = call->object;
     const bool mustDrain = object != nullptr && patiently([&] { return mOneway.push(&call); });
-    if (patiently([&] { return mOneway.hasRoom(connection); })) putBack(connection);
+    if (mOneway.hasRoom(connection)) putBack(connection);
     if (mustDrain) mOneway.drain(object.get());
 }
 
@@ -158,21 +165,43 @@ bool WorkerPool::mayStay(int servedHere) {
 }
 
 void WorkerPool::putBack(Connection& connection) {
+    if (connection.held() != connection.counted && !count(connection))
+        return drop(connection, "it leaves too much half sent or half read");
     connection.handOver();
-    epoll_event event{kOnce, {}};
-    event.data.ptr = &connection;
-    epoll_ctl(mEpoll.get(), EPOLL_CTL_MOD, connection.fd(), &event);
+    watch(connection, EPOLL_CTL_MOD);
 }
 
-void WorkerPool::drop(Connection& connection) {
-    std::unique_ptr<Connection> dropped;
+/// @return false when the connections of its process hold too much with what this one holds now.
+bool WorkerPool::count(Connection& connection) {
+    const std::lock_guard<std::mutex> guard(mLock);
+    size_t& bytes = mByProcess[connection.credentials().pid].heldBytes;
+    const size_t others = bytes - connection.counted;
+    const bool grows = connection.held() > connection.counted;
+    if (grows && others + connection.held() > kMostHeldBytes) return false;
+    connection.counted = connection.held();
+    bytes = others + connection.counted;
+    return true;
+}
+
+void WorkerPool::drop(Connection& connection, const char* offence) {
+    const Credentials who = connection.credentials();
+    if (offence != nullptr) mRefusals.tell(who, offence);
+    if (discard(connection)) mOneway.forget(who.pid);
+}
+
+/// @return whether it was the last one of its process.
+bool WorkerPool::discard(Connection& connection) {
+    std::unique_ptr<Connection> discarded;
     const std::lock_guard<std::mutex> guard(mLock);
     const auto found = mConnections.find(&connection);
-    dropped = std::move(found->second);
+    discarded = std::move(found->second);
     mConnections.erase(found);
-    const auto process = mByProcess.find(dropped->credentials().pid);
-    if (--process->second == 0) mByProcess.erase(process);
     mConnectionCount = mConnections.size();
+    const auto process = mByProcess.find(discarded->credentials().pid);
+    process->second.heldBytes -= discarded->counted;
+    if (--process->second.connections > 0) return false;
+    mByProcess.erase(process);
+    return true;
 }
 
 }  // namespace android::runtime

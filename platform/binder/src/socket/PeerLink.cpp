@@ -1,0 +1,197 @@
+// A peer's links: how they come to be, what is said on them, and how long to try.
+#include <poll.h>
+#include <sys/epoll.h>
+#include <sys/socket.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <utility>
+
+#include "../Log.h"
+#include "../OutOfMemory.h"
+#include "Limits.h"
+#include "Node.h"
+#include "Peer.h"
+
+namespace android::runtime {
+
+bool Peer::ensureLinked(bool wait) {
+    {
+        const std::lock_guard<std::mutex> guard(mLock);
+        if (mDead || !mLinks.empty()) return !mDead;
+    }
+    RuntimeFd fd;
+    Credentials credentials;
+    status_t status = dial(wait, &fd, &credentials);
+    if (status == NO_ERROR) status = addLink(&fd, credentials, {});
+    if (status == DEAD_OBJECT) die();
+    return status == NO_ERROR;
+}
+
+bool Peer::seekLink() {
+    if (ensureLinked(false)) return true;
+    {
+        const std::lock_guard<std::mutex> guard(mLock);
+        if (mDead || mSeeking) return true;
+        mSeeking = mNode.unreached.take(0);
+        if (!mSeeking) return false;
+    }
+    later(&Peer::seekAgain);
+    return true;
+}
+
+void Peer::seekAgain() {
+    if (!patiently([this] { return ensureLinked(false); }) && !isDead()) return later(&Peer::seekAgain);
+    const std::lock_guard<std::mutex> guard(mLock);
+    mSeeking = {};
+}
+
+void Peer::adoptLink(RuntimeFd* fd, const Credentials& credentials) {
+    Quota::Share share = mNode.links.take(credentials.pid);
+    if (!share) return mNode.refusals.tell(credentials, "it has too many links");
+    addLink(fd, credentials, std::move(share));
+}
+
+/// A link that ends looks like this process's death, so all memory is had before the other end hears of it.
+/// @param share of a link that the other end opened; without it the other end has yet to hear what it is for.
+/// @return as dial().
+status_t Peer::addLink(RuntimeFd* fd, const Credentials& credentials, Quota::Share share) {
+    const bool isOurs = !share;
+    const auto link = std::make_shared<Link>();
+    link->share = std::move(share);
+    const std::lock_guard<std::mutex> guard(mLock);
+    if (mDead) return DEAD_OBJECT;
+    mLinks.reserve(mLinks.size() + 1);
+    watchLink(link, fd);
+    if (link->watch == 0) return FAILED_TRANSACTION;
+    const status_t status = isOurs ? introduce(link->fd.get(), ConnectionKind::kLink) : NO_ERROR;
+    if (status != NO_ERROR) {
+        mNode.reactor.forget(link->watch, link->fd.get());
+        return status;
+    }
+    mCredentials = credentials;
+    mLinks.push_back(link);
+    flushLocked();
+    return NO_ERROR;
+}
+
+/// Takes @p fd over, or throws std::bad_alloc and leaves it.
+void Peer::watchLink(const std::shared_ptr<Link>& link, RuntimeFd* fd) {
+    link->fd = std::move(*fd);
+    elseUndo(
+        [&] {
+            link->watch = mNode.reactor.watch(
+                link->fd.get(), EPOLLIN,
+                [self = shared_from_this(), link](uint32_t events) { self->onLinkEvent(link, events); });
+        },
+        [&] { *fd = std::move(link->fd); });
+}
+
+void Peer::onLinkEvent(const std::shared_ptr<Link>& link, uint32_t events) {
+    if ((events & EPOLLOUT) != 0) {
+        const std::lock_guard<std::mutex> guard(mLock);
+        flushLocked();
+    }
+    if ((events & (EPOLLIN | EPOLLHUP | EPOLLERR)) != 0 && !readLink(link.get())) {
+        patiently([this] { die(); });
+    }
+}
+
+/// @return false at the link's end.
+bool Peer::readLink(Link* link) {
+    const ssize_t got = recv(link->fd.get(), link->incoming + link->bytes,
+                             sizeof(link->incoming) - link->bytes, MSG_DONTWAIT);
+    if (got < 0) return isPassing(errno);
+    link->bytes += static_cast<size_t>(got);
+    size_t done = 0;
+    for (; link->bytes - done >= sizeof(LinkMessage); done += sizeof(LinkMessage)) {
+        LinkMessage message;
+        std::memcpy(&message, link->incoming + done, sizeof(message));
+        if (!obey(message)) return false;
+    }
+    link->bytes -= done;
+    std::memmove(link->incoming, link->incoming + done, link->bytes);
+    return got > 0;
+}
+
+/// @return false when the message makes no sense.
+bool Peer::obey(const LinkMessage& message) {
+    sp<BBinder> unheld;
+    switch (message.kind) {
+        case LinkMessageKind::kAcquire:
+            mNode.exports.adjust(message.token, mId, 1);
+            break;
+        case LinkMessageKind::kRelease:
+            unheld = mNode.exports.adjust(message.token, mId, -int64_t{message.count});
+            break;
+        case LinkMessageKind::kTransfer:
+            unheld = mNode.credit(message.token, message.beneficiary, 1, *this);
+            break;
+        case LinkMessageKind::kRevoke:
+            unheld = mNode.credit(message.token, message.beneficiary, -1, *this);
+            break;
+        default:
+            mNode.refusals.tell(credentials(), "it breaks the protocol");
+            return false;
+    }
+    mNode.letGo(std::move(unheld));
+    return true;
+}
+
+/// Throws std::bad_alloc when there is no memory for it to wait in, and has said nothing then.
+void Peer::tell(const LinkMessage& message) {
+    const std::lock_guard<std::mutex> guard(mLock);
+    if (mDead || mGivenUp) return;
+    mOutbox.append(reinterpret_cast<const char*>(&message), sizeof(message));
+    flushLocked();
+    if (mOutbox.size() > kMostOutboxBytes) giveUpLocked();
+}
+
+/// For what must be said although nobody could do anything about a failure.
+void Peer::tellForSure(const LinkMessage& message) {
+    const status_t said = unlessExhausted([&] {
+        patiently([&] { tell(message); });
+        return NO_ERROR;
+    });
+    if (said != NO_ERROR) BINDER_LOGE("an object of another process is kept alive in vain");
+}
+
+/// Without what it was told of references, the peer is of no use. When there is no memory to say so, the next
+/// message tries again.
+void Peer::giveUpLocked() {
+    mNode.refusals.tell(mCredentials, "it does not read its link");
+    unlessExhausted([this] {
+        mNode.reactor.after(std::chrono::milliseconds(0), [self = shared_from_this()] { self->die(); });
+        mGivenUp = true;
+        mOutbox = {};
+        return NO_ERROR;
+    });
+}
+
+/// Always on the first link, so that messages keep their order. They wait while there is none: a process may
+/// have been short of descriptors when it received an object.
+void Peer::flushLocked() {
+    if (mLinks.empty()) return;
+    Link& link = *mLinks.front();
+    while (!mOutbox.empty()) {
+        const ssize_t sent = send(link.fd.get(), mOutbox.data(), mOutbox.size(), MSG_DONTWAIT | MSG_NOSIGNAL);
+        if (sent > 0) {
+            mOutbox.erase(0, static_cast<size_t>(sent));
+        } else if (errno != EINTR) {
+            break;
+        }
+    }
+    mNode.reactor.change(link.watch, link.fd.get(), mOutbox.empty() ? EPOLLIN : EPOLLIN | EPOLLOUT);
+}
+
+/// The kernel knows of a death before the reactor does.
+bool Peer::isHungUp() {
+    const std::lock_guard<std::mutex> guard(mLock);
+    return mDead || std::any_of(mLinks.begin(), mLinks.end(), [](const std::shared_ptr<Link>& link) {
+               pollfd state{link->fd.get(), POLLRDHUP, 0};
+               return poll(&state, 1, 0) > 0;
+           });
+}
+
+}  // namespace android::runtime
