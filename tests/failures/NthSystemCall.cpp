@@ -16,6 +16,7 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
+#include <atomic>
 #include <cerrno>
 #include <cstdarg>
 
@@ -29,10 +30,12 @@ using accessory::test::shortened;
 
 namespace {
 
-/// The C library's own function of that name.
+/// The C library's own function of that name, looked up once. Two threads may both look: the guard of a
+/// static variable would have one wait in syscall(), which is one of the functions here.
 template <typename Function>
-Function* genuine(Function* /*of the same type*/, const char* name) {
-    return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
+Function* genuine(Function* /*of the same type*/, std::atomic<void*>* known, const char* name) {
+    if (*known == nullptr) *known = dlsym(RTLD_NEXT, name);
+    return reinterpret_cast<Function*>(known->load());
 }
 
 /// Sets errno. @return whether the call fails.
@@ -44,7 +47,9 @@ bool fails(std::initializer_list<int> possible) {
 
 }  // namespace
 
-#define GENUINE(function) static auto* const genuine_##function = genuine(&(function), #function)
+#define GENUINE(function)                                \
+    static std::atomic<void*> known_##function{nullptr}; \
+    auto* const genuine_##function = genuine(&(function), &known_##function, #function)
 
 VISIBLE int socket(int domain, int type, int protocol) noexcept {
     GENUINE(socket);

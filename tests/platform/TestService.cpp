@@ -156,7 +156,9 @@ class TestService : public BBinder {
 
     status_t callerAround(const Parcel& data, Parcel* reply) {
         reply->writeInt32(IPCThreadState::self()->getCallingPid());
-        const status_t status = Call(data.readStrongBinder(), kEcho).run();
+        const sp<IBinder> caller = data.readStrongBinder();
+        if (caller == nullptr) return BAD_VALUE;
+        const status_t status = Call(caller, kEcho).run();
         reply->writeInt32(IPCThreadState::self()->getCallingPid());
         return status;
     }
