@@ -30,12 +30,11 @@ using accessory::test::shortened;
 
 namespace {
 
-/// The C library's own function of that name, looked up once. Two threads may both look: the guard of a
-/// static variable would have one wait in syscall(), which is one of the functions here.
-template <typename Function>
-Function* genuine(Function* /*of the same type*/, std::atomic<void*>* known, const char* name) {
-    if (*known == nullptr) *known = dlsym(RTLD_NEXT, name);
-    return reinterpret_cast<Function*>(known->load());
+/// The function that stands behind a stand-in: a sanitizer's, which has to hear of threads above all, or else
+/// the C library's own.
+void* behind(const char* ofSanitizer, const char* own) {
+    void* const function = dlsym(RTLD_DEFAULT, ofSanitizer);
+    return function != nullptr ? function : dlsym(RTLD_NEXT, own);
 }
 
 /// Sets errno. @return whether the call fails.
@@ -47,9 +46,12 @@ bool fails(std::initializer_list<int> possible) {
 
 }  // namespace
 
-#define GENUINE(function)                                \
-    static std::atomic<void*> known_##function{nullptr}; \
-    auto* const genuine_##function = genuine(&(function), &known_##function, #function)
+// Looked up once, though two threads may both look: the guard of a static variable would have one wait in
+// syscall(), which is one of the functions here.
+#define GENUINE(function)                                                                              \
+    static std::atomic<void*> known_##function{nullptr};                                               \
+    if (known_##function == nullptr) known_##function = behind("__interceptor_" #function, #function); \
+    auto* const genuine_##function = reinterpret_cast<decltype(&(function))>(known_##function.load())
 
 VISIBLE int socket(int domain, int type, int protocol) noexcept {
     GENUINE(socket);
