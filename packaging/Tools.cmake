@@ -3,7 +3,7 @@ set(completion "${CMAKE_CURRENT_BINARY_DIR}/completion")
 file(MAKE_DIRECTORY "${completion}")
 foreach(shell bash zsh)
   add_custom_command(OUTPUT "${completion}/${shell}"
-    COMMAND accessoryctl completion ${shell} >"${completion}/${shell}" DEPENDS accessoryctl VERBATIM)
+    COMMAND accessoryctl completion ${shell} > "${completion}/${shell}" DEPENDS accessoryctl VERBATIM)
 endforeach()
 add_custom_target(package_completion ALL DEPENDS "${completion}/bash" "${completion}/zsh")
 install(FILES "${completion}/bash" DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions"
