@@ -4,9 +4,11 @@
 #include <sys/socket.h>
 
 #include <atomic>
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "../BufferCache.h"
@@ -63,7 +65,8 @@ enum class Wait { kNo, kBriefly, kForever };
 /// Used by one thread at a time; whoever hands it on orders that.
 ///
 /// A frame may arrive in any number of pieces: what is there of it waits here until the rest comes, so a slow
-/// or hostile sender holds up nobody.
+/// or hostile sender holds up nobody. Nor does one that does not read: what its socket has no room for of an
+/// answer or a one-way call waits here, too.
 class Connection {
   public:
     Connection(RuntimeFd fd, ConnectionKind kind, std::shared_ptr<Peer> peer, const Credentials& credentials);
@@ -71,19 +74,39 @@ class Connection {
     /// @param records of the objects in @p data, described by @p header like everything else.
     /// @return NO_ERROR; DEAD_OBJECT when the connection is gone; FAILED_TRANSACTION when the kernel does not
     ///         take the frame, a descriptor that is not open above all, and the connection is as good as
-    ///         before.
+    ///         before. Only the sending of a call waits for room.
     status_t send(const FrameHeader& header, const void* data, const std::vector<ObjectRecord>& records,
                   const std::vector<int>& fds);
+
+    /// Whether a part of what was sent still waits here.
+    bool hasUnsent() const { return !mUnsent.empty(); }
+    /// Sends more of it. @return whether nothing is left, also because the connection is gone.
+    bool flush();
+
+    /// The memory that is kept here between calls, in bytes; descriptors count as Limits.h says.
+    size_t held() const;
+    /// What the pool has counted of it; the pool's alone.
+    size_t counted = 0;
+
+    /// What the other end has done for which it loses the connection; null for nothing.
+    const char* offence() const { return mOffence; }
 
     /// Whether the socket takes more, at once or within that time; true for one that is gone, which send()
     /// finds.
     bool hasRoom(int milliseconds) const;
 
-    /// @param wait kBriefly waits as long as setPatience() said.
+    /// @param wait kBriefly waits as long as setTimeLimits() said.
     Received receive(Frame* frame, Wait wait);
 
-    /// How long Wait::kBriefly waits.
-    void setPatience(int milliseconds);
+    /// Whether @p frame is of the one kind that may come now; otherwise the other end breaks the protocol.
+    bool expects(const Frame& frame, FrameKind kind);
+
+    /// How long Wait::kBriefly waits, and how long either way is waited for before the patience is asked; 0
+    /// for ever.
+    void setTimeLimits(std::chrono::milliseconds receiving, std::chrono::milliseconds sending);
+
+    /// Says how to wait beyond the time limits from here on; null: quietly. @return who said it so far.
+    Patience* exchangePatience(Patience* patience) { return std::exchange(mPatience, patience); }
 
     /// For two threads of which the kernel wakes one because of what the other did: the first says handOver()
     /// in front, the second takeOver() afterwards, and the language knows of their order as well.
@@ -96,22 +119,26 @@ class Connection {
     const Credentials& credentials() const { return mCredentials; }
 
   private:
-    enum class Progress { kGoOn, kNone, kEnd };
+    enum class Progress { kGoOn, kNone, kEnd, kBroken };
 
     Progress readMore(Wait wait);
     Progress readBeginning(Wait wait);
     Progress readBody(Wait wait);
     Progress take(void* room, size_t size, Wait wait, size_t* got);
-    Progress readFailed(Wait wait) const;
+    Progress readFailed(Wait wait);
     bool noteDescriptors(msghdr* message);
     bool descriptorsComplete();
     bool headerComplete() const { return mHeaderBytes == sizeof(FrameHeader); }
     bool bodyComplete() const { return headerComplete() && mBodyBytes >= streamedSize(mFrame.header); }
+    void flushAll();
+    status_t refused(const FrameHeader& header);
     bool share(FrameHeader* header, const void* data);
     bool offerBlock(const FrameHeader& header);
     bool takeSharing();
     bool fetchData();
     void finish(Frame* frame);
+    Received broken();
+    void giveUp();
 
     RuntimeFd mFd;
     const ConnectionKind mKind;
@@ -123,6 +150,9 @@ class Connection {
     size_t mBodyBytes = 0;
     bool mDescriptorsLost = false;
     std::atomic<bool> mHandedOver{false};
+    std::string mUnsent;
+    const char* mOffence = nullptr;
+    Patience* mPatience = nullptr;
 
     enum class Sending { kNoBlock, kOffered, kAccepted, kRefused };
     Sending mSending = Sending::kNoBlock;

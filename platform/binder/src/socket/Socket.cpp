@@ -25,9 +25,13 @@ RuntimeFd newSocket(int flags) { return RuntimeFd(socket(AF_UNIX, SOCK_STREAM | 
 
 const sockaddr* generic(const sockaddr_un& address) { return reinterpret_cast<const sockaddr*>(&address); }
 
-void waitForRoom(int fd) {
-    pollfd wanted{fd, POLLOUT, 0};
-    poll(&wanted, 1, -1);
+std::string bytesLeft(const msghdr& message) {
+    std::string bytes;
+    for (size_t i = 0; i < message.msg_iovlen; ++i) {
+        const iovec& part = message.msg_iov[i];
+        bytes.append(static_cast<const char*>(part.iov_base), part.iov_len);
+    }
+    return bytes;
 }
 
 bool isHangUp(int error) { return error == EPIPE || error == ECONNRESET; }
@@ -88,6 +92,10 @@ RuntimeFd SocketFolder::connect(const std::string& name, bool wait) const {
     return fd;
 }
 
+bool SocketFolder::isAlive(const std::string& name) const {
+    return connect(name, false).isOpen() || errno == EAGAIN;
+}
+
 bool readCredentials(int fd, Credentials* out) {
     ucred kernel{};
     socklen_t size = sizeof(kernel);
@@ -108,7 +116,14 @@ ssize_t receiveMessage(int fd, msghdr* message, int flags) {
     return syscall(SYS_recvmsg, fd, message, flags);
 }
 
-Sent sendAll(int fd, iovec* parts, size_t partCount, const int* fds, size_t fdCount) {
+void awaitSocket(int fd, short events, bool lapsed, Patience* patience) {
+    if (patience != nullptr) return patience->await(fd, events, lapsed);
+    pollfd wanted{fd, events, 0};
+    poll(&wanted, 1, -1);
+}
+
+Sent sendAll(int fd, iovec* parts, size_t partCount, const int* fds, size_t fdCount, std::string* rest,
+             Patience* patience) {
     alignas(cmsghdr) uint8_t control[CMSG_SPACE(kMaxDescriptors * sizeof(int))];
     msghdr message{};
     message.msg_iov = parts;
@@ -125,14 +140,17 @@ Sent sendAll(int fd, iovec* parts, size_t partCount, const int* fds, size_t fdCo
     }
     bool begun = false;
     while (message.msg_iovlen > 0) {
-        const ssize_t sent = sendMessage(fd, &message, MSG_NOSIGNAL);
+        const ssize_t sent = sendMessage(fd, &message, MSG_NOSIGNAL | (rest != nullptr ? MSG_DONTWAIT : 0));
         if (sent >= 0) {
             advance(&message, static_cast<size_t>(sent));
             message.msg_controllen = 0;
             message.msg_control = nullptr;
             begun = true;
-        } else if (errno == EAGAIN) {
-            waitForRoom(fd);
+        } else if (errno == EAGAIN && rest == nullptr) {
+            awaitSocket(fd, POLLOUT, true, patience);
+        } else if (errno == EAGAIN && begun) {
+            *rest = bytesLeft(message);
+            return Sent::kBegun;
         } else if (errno != EINTR) {
             return begun || isHangUp(errno) ? Sent::kGone : Sent::kNothing;
         }
