@@ -1,4 +1,4 @@
-#include "tests/support/LogCatcher.h"
+#include <accessory/testing/LogCatcher.h>
 
 #include <algorithm>
 #include <cctype>
@@ -9,9 +9,9 @@
 #include <mutex>
 #include <sstream>
 
-#include "tests/support/LogSink.h"
+#include "testing/LogSink.h"
 
-namespace accessory::test {
+namespace accessory::testkit {
 namespace {
 
 /// Keeps the lines while a catcher lives. The lock guards all members; nothing is called under it but the
@@ -124,7 +124,10 @@ testing::Matcher<const LogLine&> LoggedStatusCheck(const std::string& tag, const
     return Logged(ANDROID_LOG_ERROR, tag, function + " #:check return value failed");
 }
 
-LogCatcher::LogCatcher() { recorder().begin(); }
+LogCatcher::LogCatcher() {
+    standInForLiblog();
+    recorder().begin();
+}
 LogCatcher::~LogCatcher() { recorder().end(); }
 
 std::vector<LogLine> LogCatcher::lines() const { return recorder().lines(); }
@@ -145,4 +148,4 @@ testing::AssertionResult LogCatcher::arrives(const testing::Matcher<const LogLin
                                        << " ms; logged: " << testing::PrintToString(lines());
 }
 
-}  // namespace accessory::test
+}  // namespace accessory::testkit

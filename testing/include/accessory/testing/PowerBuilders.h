@@ -1,0 +1,26 @@
+// The builder of power updates; how it works is told in <accessory/testing/RecordBuilder.h>.
+#pragma once
+
+#include <accessory/PowerRecords.h>
+#include <accessory/testing/RecordBuilder.h>
+
+#include <string>
+
+namespace accessory::testkit {
+
+/// PowerUpdate().chargeLevel(80).
+class PowerUpdate : public RecordBuilder<IiAP2PowerUpdate> {
+  public:
+    PowerUpdate& currentFromAccessory(int32_t value) {
+        return set(this, &Record::setCurrentFromAccessory, value);
+    }
+    PowerUpdate& chargeIsPresent(int32_t value) { return set(this, &Record::setChargeIsPresent, value); }
+    PowerUpdate& powerMode(int32_t value) { return set(this, &Record::setPowerMode, value); }
+    PowerUpdate& externalChargeConnected(int32_t value) {
+        return set(this, &Record::setExternalChargeConnected, value);
+    }
+    PowerUpdate& chargeState(int32_t value) { return set(this, &Record::setChargeState, value); }
+    PowerUpdate& chargeLevel(int32_t value) { return set(this, &Record::setChargeLevel, value); }
+};
+
+}  // namespace accessory::testkit
