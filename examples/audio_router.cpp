@@ -82,8 +82,14 @@ int main() {
     const sp<IAppleUSBAudioManager> audio = IAppleUSBAudioManager::asInterface(
         android::defaultServiceManager()->getService(IAppleUSBAudioManager::descriptor));
     if (!connection.isOpen() || audio == nullptr) return 1;
-    audio->setNotifier(new accessory::BnAppleUSBAudioManagerNotifier(new Router(*audio)));
+    const sp<Router> router = new Router(*audio);
+    audio->setNotifier(new accessory::BnAppleUSBAudioManagerNotifier(router));
     audio->startup();
+    unsigned int endpoints[10];
+    unsigned int count = 0;
+    audio->getIds(endpoints, &count);
+    for (unsigned int i = 0; i < count; ++i)
+        router->attach(endpoints[i]);
     const sp<Phones> phones = new Phones(connection.manager());
     if (!connection.listen(phones)) return 1;
     for (const unsigned int phone : connection.phones())

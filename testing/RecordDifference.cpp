@@ -6,33 +6,31 @@
 namespace accessory::testkit {
 namespace {
 
-/// The parts of "Name{a: 1, b: [2, 3]}" between its braces; commas within texts, lists and records do not
-/// part.
-std::vector<std::string> partsOf(const std::string& text) {
-    std::vector<std::string> parts;
-    const size_t begin = text.find('{');
-    if (begin == std::string::npos || text.back() != '}') return parts;
+/// Where the part of "Name{a: 1, b: [2, 3]}" that begins at @p at ends: at a comma that is not within a text,
+/// a list or a record, or at the last brace.
+size_t endOfPart(const std::string& text, size_t at) {
     int depth = 0;
-    bool quoted = false;
-    std::string part;
-    for (size_t i = begin + 1; i + 1 < text.size(); ++i) {
-        const char c = text[i];
-        part += c;
-        if (quoted && c == '\\') {
-            part += text[++i];
-            continue;
-        }
+    for (bool quoted = false; at + 1 < text.size(); ++at) {
+        const char c = text[at];
         if (c == '"') quoted = !quoted;
+        if (quoted && c == '\\') ++at;
         if (quoted) continue;
         if (c == '{' || c == '[') ++depth;
         if (c == '}' || c == ']') --depth;
-        if (c != ',' || depth != 0) continue;
-        part.pop_back();
-        parts.push_back(part);
-        part.clear();
-        ++i;  // the space behind the comma
+        if (c == ',' && depth == 0) return at;
     }
-    if (!part.empty()) parts.push_back(part);
+    return text.size() - 1;
+}
+
+std::vector<std::string> partsOf(const std::string& text) {
+    std::vector<std::string> parts;
+    const size_t brace = text.find('{');
+    if (brace == std::string::npos) return parts;
+    for (size_t at = brace + 1; at + 1 < text.size();) {
+        const size_t end = endOfPart(text, at);
+        parts.push_back(text.substr(at, end - at));
+        at = end + 2;  // behind comma and space
+    }
     return parts;
 }
 

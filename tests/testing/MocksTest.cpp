@@ -35,6 +35,7 @@ TEST(Mocks, OfInterfacesAreFoundByCodeThatLooksTheServiceUp) {
     ASSERT_EQ(android::defaultServiceManager()->addService(name, published), 0);
     const sp<IAccessoryManager> found =
         IAccessoryManager::asInterface(android::defaultServiceManager()->getService(name));
+    testing::Mock::AllowLeak(published.get());  // the directory of services keeps it
     EXPECT_CALL(*published, getDeviceCount).WillOnce(Return(2));
     EXPECT_EQ(found->getDeviceCount(), 2);
 }

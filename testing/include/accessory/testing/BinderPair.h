@@ -16,8 +16,9 @@
 namespace accessory::testkit {
 
 /// Requests and events run on the thread that makes them, one within the other where the code nests them. As
-/// between processes, a client must not register or deregister from within an event; here it also must not
-/// make a request upon which the service raises an event at once: the round that runs holds the lock.
+/// between processes, a client must not register or deregister from within an event. Here it also must not
+/// die there, nor make a request upon which the service raises an event at once: the round that runs holds
+/// the lock.
 ///
 /// A manager's stub lives as long as the process, and its implementation with it. So the end of the pair does
 /// what the end of the implementation would: it checks the expectations of a mock, and it ends the client.
