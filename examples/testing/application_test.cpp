@@ -1,6 +1,7 @@
 // An application's test: the code under test gets a manager, and the test plays the service behind it.
 #include <accessory/AppleiAP2ManagerNotifierAdapter.h>
 #include <accessory/testing/BinderPair.h>
+#include <accessory/testing/LogCatcher.h>
 #include <accessory/testing/MockAppleiAP2Manager.h>
 #include <accessory/testing/NowPlayingBuilders.h>
 
@@ -58,6 +59,7 @@ TEST_F(ScreenTest, AsksForTheTitleAndNothingElse) {
 TEST_F(ScreenTest, NoticesThatTheServiceHasEnded) {
     pair.requests().die();
     EXPECT_FALSE(android::IInterface::asBinder(pair.proxy())->isBinderAlive());
-    EXPECT_EQ(pair.proxy()->setNotifier(new BnAppleiAP2ManagerNotifier(screen)), 0)
-        << "cannot be told from success";
+    const LogCatcher log;
+    EXPECT_TRUE(follow(pair.proxy(), 1, screen)) << "a proxy cannot tell this from success, it logs it";
+    EXPECT_THAT(log.lines(), testing::Contains(LoggedStatusCheck("IAppleiAP2Manager", "setNotifier")));
 }
