@@ -1,6 +1,7 @@
 #include <accessory/testing/RecordDifference.h>
 
 #include <map>
+#include <sstream>
 #include <vector>
 
 namespace accessory::testkit {
@@ -46,10 +47,20 @@ std::map<std::string, std::string> fieldsOf(const std::string& text) {
 
 std::string nameOf(const std::string& text) { return text.substr(0, text.find('{')); }
 
-void add(std::string* list, const std::string& difference) {
-    if (!list->empty()) *list += ", ";
-    *list += difference;
-}
+/// Differences, with commas between them.
+class List {
+  public:
+    std::ostream& next() {
+        mText << mSeparator;
+        mSeparator = ", ";
+        return mText;
+    }
+    std::string text() const { return mText.str(); }
+
+  private:
+    std::ostringstream mText;
+    const char* mSeparator = "";
+};
 
 }  // namespace
 
@@ -58,19 +69,19 @@ std::string differenceBetween(const std::string& actual, const std::string& expe
     if (nameOf(actual) != nameOf(expected)) return "which is " + actual;
     const auto here = fieldsOf(actual);
     const auto wanted = fieldsOf(expected);
-    std::string list;
+    List list;
     for (const auto& [name, value] : wanted) {
         const auto found = here.find(name);
         if (found == here.end()) {
-            add(&list, name + " is missing");
+            list.next() << name << " is missing";
         } else if (found->second != value) {
-            add(&list, name + " is " + found->second + " instead of " + value);
+            list.next() << name << " is " << found->second << " instead of " << value;
         }
     }
     for (const auto& [name, value] : here) {
-        if (wanted.count(name) == 0) add(&list, name + " should not be there (" + value + ')');
+        if (wanted.count(name) == 0) list.next() << name << " should not be there (" << value << ')';
     }
-    return list;
+    return list.text();
 }
 
 }  // namespace accessory::testkit

@@ -4,19 +4,18 @@
 #include <accessory/testing/MockAppleUSBAudioManager.h>
 #include <accessory/testing/MockAppleUSBAudioManagerNotifier.h>
 
-using namespace accessory;
-using namespace accessory::testkit;
+namespace kit = accessory::testkit;
 using android::sp;
 using testing::NiceMock;
 
 // The service's code: one sound card, which is there while the audio function runs.
-class SoundCard : public AppleUSBAudioManagerImplItf {
+class SoundCard : public accessory::AppleUSBAudioManagerImplItf {
   public:
     static constexpr unsigned int kCard = 3;
 
     int startup() override { return mClients->attach(kCard); }
     int shutdown() override { return mClients->detach(kCard); }
-    int addNotifier(const sp<AppleUSBAudioManagerNotifierItf>& clients) override {
+    int addNotifier(const sp<accessory::AppleUSBAudioManagerNotifierItf>& clients) override {
         mClients = clients;
         return 0;
     }
@@ -36,12 +35,12 @@ class SoundCard : public AppleUSBAudioManagerImplItf {
     int dump(const android::Vector<android::String16>&, android::String8&) override { return 0; }
 
   private:
-    sp<AppleUSBAudioManagerNotifierItf> mClients;
+    sp<accessory::AppleUSBAudioManagerNotifierItf> mClients;
 };
 
 // By itself.
 TEST(SoundCardTest, TellsOfTheCardWhenItStartsUp) {
-    const sp<MockAppleUSBAudioManagerBroadcaster> clients = new MockAppleUSBAudioManagerBroadcaster;
+    const sp<kit::MockAppleUSBAudioManagerBroadcaster> clients = new kit::MockAppleUSBAudioManagerBroadcaster;
     const sp<SoundCard> service = new SoundCard;
     service->addNotifier(clients);
     EXPECT_CALL(*clients, attach(SoundCard::kCard));
@@ -51,18 +50,18 @@ TEST(SoundCardTest, TellsOfTheCardWhenItStartsUp) {
 // As clients see it: through a proxy, with events by parcel.
 class ServedSoundCard : public testing::Test {
   protected:
-    ServedSoundCard() { service.proxy()->setNotifier(new BnAppleUSBAudioManagerNotifier(client)); }
+    ServedSoundCard() { service.proxy()->setNotifier(new accessory::BnAppleUSBAudioManagerNotifier(client)); }
 
-    const BinderPair<IAppleUSBAudioManager> service{new SoundCard};
-    const sp<NiceMock<MockAppleUSBAudioManagerNotifierImpl>> client{
-        new NiceMock<MockAppleUSBAudioManagerNotifierImpl>};
+    const kit::BinderPair<accessory::IAppleUSBAudioManager> service{new SoundCard};
+    const sp<NiceMock<kit::MockAppleUSBAudioManagerNotifierImpl>> client{
+        new NiceMock<kit::MockAppleUSBAudioManagerNotifierImpl>};
 };
 
 TEST_F(ServedSoundCard, RefusesAVolumeThatThereIsNot) {
     EXPECT_EQ(service.proxy()->setVolume(SoundCard::kCard, 100), 0);
     EXPECT_EQ(service.proxy()->setVolume(SoundCard::kCard, 101), -22);
-    const Transaction last = service.requests().transactions().back();
-    EXPECT_EQ(wordsOf(last.reply), (Words{0, 0xffffffea})) << "no exception, then the status";
+    const kit::Transaction last = service.requests().transactions().back();
+    EXPECT_EQ(kit::wordsOf(last.reply), (kit::Words{0, 0xffffffea})) << "no exception, then the status";
 }
 
 TEST_F(ServedSoundCard, TellsItsClientOfTheCard) {

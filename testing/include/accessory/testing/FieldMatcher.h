@@ -54,6 +54,7 @@ class FieldMatcher {
     explicit FieldMatcher(Expected expected) : mExpected(std::move(expected)) {}
 
     template <typename Given>
+    // NOLINTNEXTLINE(google-explicit-constructor): this is how a polymorphic matcher becomes one of a type
     operator testing::Matcher<Given>() const {
         return testing::Matcher<Given>(new Typed<Given>(mExpected));
     }

@@ -37,15 +37,17 @@ class Parameter {
     }
 
     /// For operations that take a reference.
+    // NOLINTNEXTLINE(google-explicit-constructor): a builder is written where its structure is meant
     operator Struct&() { return mStruct; }
 
     /// For operations that take a pointer.
+    // NOLINTNEXTLINE(google-explicit-constructor): likewise
     operator Struct*() { return &mStruct; }
 
   private:
     template <typename Value>
     std::shared_ptr<const Value> keep(const Value& value) {
-        const auto kept = std::make_shared<const Value>(value);
+        auto kept = std::make_shared<const Value>(value);
         mKept.push_back(kept);
         return kept;
     }

@@ -27,6 +27,7 @@ class RecordBuilder {
 
     /// A builder stands wherever its record, or the plain record of that, is expected.
     template <typename Plain, typename = std::enable_if_t<std::is_convertible_v<Parcelable*, Plain*>>>
+    // NOLINTNEXTLINE(google-explicit-constructor): a builder is written where its record is meant
     operator android::sp<Plain>() const {
         return mRecord;
     }
