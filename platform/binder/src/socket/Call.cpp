@@ -7,6 +7,7 @@
 #include "../Contained.h"
 #include "../Log.h"
 #include "../Transport.h"
+#include "Limits.h"
 #include "Node.h"
 #include "ParcelCodec.h"
 
@@ -77,11 +78,11 @@ bool sendReply(Connection& connection, status_t status, const Parcel& reply) {
     return connection.send(header, nullptr, {}, {}) == NO_ERROR;
 }
 
-status_t takeReply(Frame* frame, Parcel* reply) {
+status_t takeReply(Frame* frame, Parcel* reply, Peer& sender) {
     Parcel unwanted;
     Parcel& answer = reply != nullptr ? *reply : unwanted;
     answer.freeData();
-    decode(frame, &answer);
+    decode(frame, &answer, sender);
     return static_cast<status_t>(frame->header.code);
 }
 
@@ -94,14 +95,14 @@ status_t awaitReply(Connection& connection, Parcel* reply, bool* intact) {
         if (received == Received::kNothing) continue;
         if (received == Received::kFrame && frame.header.kind == FrameKind::kReply) {
             *intact = true;
-            return takeReply(&frame, reply);
+            return takeReply(&frame, reply, *connection.peer());
         }
         if (received == Received::kFrame && frame.header.kind == FrameKind::kCall) {
             if (serveCall(connection, &frame)) continue;
             return DEAD_OBJECT;
         }
         if (received != Received::kClosed) {
-            BINDER_LOGE("process %d breaks the protocol", connection.credentials().pid);
+            Node::instance().refusals.tell(connection.credentials(), "it breaks the protocol");
         }
         return DEAD_OBJECT;
     }
@@ -114,6 +115,11 @@ status_t callOn(Connection& connection, const FrameHeader& header, const Parcel&
     const status_t status = sendFrame(connection, header, data);
     if (status == DEAD_OBJECT) *intact = false;
     return status == NO_ERROR ? awaitReply(connection, reply, intact) : status;
+}
+
+size_t weightOf(const Frame& oneway) {
+    return sizeof(OnewayCall) + oneway.body.capacity() + oneway.header.objectCount * kOnewayObjectBytes +
+           oneway.header.descriptorCount * kOnewayDescriptorBytes;
 }
 
 }  // namespace
@@ -149,7 +155,7 @@ status_t callOneway(Peer& peer, const Token& token, uint32_t code, const Parcel&
 bool serveCall(Connection& connection, Frame* frame) {
     const FrameHeader header = frame->header;
     Parcel data;
-    decode(frame, &data);
+    decode(frame, &data, *connection.peer());
     const sp<BBinder> object = Node::instance().exports.find(header.target);
     if (object == nullptr) return sendReply(connection, DEAD_OBJECT, Parcel());
     if (tActive.size() >= kDeepestNesting) {
@@ -170,8 +176,9 @@ OnewayCall::OnewayCall(Connection& connection, Frame* frame)
     : object(Node::instance().exports.find(frame->header.target)),
       code(frame->header.code),
       flags(frame->header.flags),
-      caller(connection.credentials()) {
-    decode(frame, &data);
+      caller(connection.credentials()),
+      weight(weightOf(*frame)) {
+    decode(frame, &data, *connection.peer());
 }
 
 void OnewayCall::run() {
