@@ -10,6 +10,7 @@
 #include "Limits.h"
 #include "Node.h"
 #include "ParcelCodec.h"
+#include "SlowCall.h"
 
 namespace android::runtime {
 
@@ -111,10 +112,13 @@ status_t awaitReply(Connection& connection, Parcel* reply, bool* intact) {
 status_t callOn(Connection& connection, const FrameHeader& header, const Parcel& data, Parcel* reply,
                 bool* intact) {
     const Active active(connection);
+    SlowCall slow(connection, header, data);
     *intact = true;
-    const status_t status = sendFrame(connection, header, data);
+    status_t status = sendFrame(connection, header, data);
     if (status == DEAD_OBJECT) *intact = false;
-    return status == NO_ERROR ? awaitReply(connection, reply, intact) : status;
+    if (status == NO_ERROR) status = awaitReply(connection, reply, intact);
+    slow.ended(status);
+    return status;
 }
 
 size_t weightOf(const Frame& oneway) {
