@@ -42,3 +42,13 @@ get_filename_component(accessory_android_library_folder "${ANDROID_UTILS_LIBRARY
 string(REGEX REPLACE "[^/]+" ".." accessory_prefix_from_package "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
 configure_file(cmake/accessory.pc.in "${PROJECT_BINARY_DIR}/accessory.pc" @ONLY)
 install(FILES "${PROJECT_BINARY_DIR}/accessory.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+
+# The test kit, for find_package(accessory COMPONENTS testing) alone, because only it needs GoogleMock.
+if(ACCESSORY_TESTING)
+  install(TARGETS accessory_testing EXPORT accessory_testing ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}")
+  install(DIRECTORY testing/include/ DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}" FILES_MATCHING PATTERN "*.h")
+  install(EXPORT accessory_testing NAMESPACE accessory:: DESTINATION "${accessory_package_folder}"
+          FILE accessoryTestingTargets.cmake)
+  configure_file(cmake/accessory-testing.pc.in "${PROJECT_BINARY_DIR}/accessory-testing.pc" @ONLY)
+  install(FILES "${PROJECT_BINARY_DIR}/accessory-testing.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+endif()
