@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "../Log.h"
+#include "../trace/Trace.h"
 #include "RuntimeFolder.h"
 
 namespace android::runtime {
@@ -53,7 +54,9 @@ Node& Node::instance() {
     return *node;
 }
 
-Node::Node() : id(Secret::random()), folder(prepareRuntimeFolder(access)), peers(*this), mAcceptor(*this) {}
+Node::Node() : id(Secret::random()), folder(prepareRuntimeFolder(access)), peers(*this), mAcceptor(*this) {
+    trace::startIfAsked();
+}
 
 sp<IBinder> Node::comeHome(const Token& token) {
     const sp<BBinder> object = exports.find(token);

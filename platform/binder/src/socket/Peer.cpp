@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "../Log.h"
+#include "../trace/Trace.h"
 #include "Node.h"
 #include "SocketRemote.h"
 
@@ -85,6 +86,7 @@ status_t Peer::sendOneway(const FrameHeader& header, const void* data,
         return FAILED_TRANSACTION;
     }
     mOnewayIsFull = false;
+    trace::oneway(trace::Direction::kOut, mOneway->credentials(), header, {data, records});
     status = mOneway->send(header, data, records, fds);
     if (status == DEAD_OBJECT) mOneway.reset();
     return status;
