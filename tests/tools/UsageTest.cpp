@@ -5,6 +5,7 @@
 #include <iterator>
 
 #include "tests/tools/Program.h"
+#include "tools/capture/Decode.h"
 
 namespace accessory::test {
 namespace {
@@ -140,7 +141,8 @@ TEST(Usage, NamesUnknownVerbsAndOptions) {
 }
 
 TEST(Usage, TellsItsVersionAndItsExitStatuses) {
-    EXPECT_EQ(run({"--version"}).out, "accessoryctl " ACCESSORY_VERSION "\n");
+    EXPECT_EQ(run({"--version"}).out,
+              "accessoryctl " ACCESSORY_VERSION "\ntables " + tools::tablesDigest() + "\n");
     const Ran help = run({"--help"});
     EXPECT_EQ(help.status, 0);
     EXPECT_NE(help.out.find("3 the service is not there"), std::string::npos);
