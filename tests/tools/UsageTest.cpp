@@ -160,10 +160,10 @@ TEST(Usage, IsInTheManual) {
     const std::string page{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
     EXPECT_NE(page.find("\"accessory " ACCESSORY_VERSION "\""), std::string::npos);
     for (const std::string verb :
-         {"list", "describe", "call", "watch", "dump", "wait", "doctor", "completion"})
+         {"list", "describe", "call", "watch", "decode", "timeline", "dump", "wait", "doctor", "completion"})
         EXPECT_NE(page.find("\n.SS " + verb), std::string::npos) << verb;
     for (const std::string option :
-         {"json", "timeout", "where", "count", "for", "reconnect", "version", "help"})
+         {"json", "timeout", "where", "count", "for", "reconnect", "output", "version", "help"})
         EXPECT_NE(page.find("\\-\\-" + option), std::string::npos) << option;
 }
 

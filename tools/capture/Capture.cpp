@@ -28,6 +28,8 @@ constexpr size_t kTimeLow = 8;
 constexpr size_t kCapturedSize = 12;
 constexpr size_t kPacket = 20;
 
+constexpr size_t kStatisticsOptions = 12;
+
 /// The bytes of the packet; none when its size is not true.
 std::pair<const uint8_t*, size_t> packetIn(const Block& block) {
     const size_t size = block.number<uint32_t>(kCapturedSize);
@@ -64,23 +66,28 @@ void Capture::look(const Block& block) {
         case kInterfaceDescription:
             return lookAtInterface(block);
         case kInterfaceStatistics:
-            for (const BlockOption& option : optionsOf(block, kCapturedSize)) {
-                if (option.code == kDropped && option.value.size() == sizeof(mDropped))
-                    memcpy(&mDropped, option.value.data(), sizeof(mDropped));
-            }
-            return;
-        case kEnhancedPacket: {
-            Packet unused;
-            const auto [bytes, size] = packetIn(block);
-            if (!mHasInterface || block.number<uint32_t>(kInterface) != 0)
-                throw CaptureError(path(), block.offset, "a packet of an interface that is not described");
-            const std::string wrong = parsePacket(bytes, size, &unused);
-            if (!wrong.empty()) throw CaptureError(path(), block.offset, wrong);
-            mPlaces.push_back({timeOf(block), 0, block.offset});
-            return;
-        }
+            return lookAtStatistics(block);
+        case kEnhancedPacket:
+            return lookAtPacket(block);
         default:
             return;  // what others may have added
+    }
+}
+
+void Capture::lookAtPacket(const Block& block) {
+    if (!mHasInterface || block.number<uint32_t>(kInterface) != 0)
+        throw CaptureError(path(), block.offset, "a packet of an interface that is not described");
+    Packet unused;
+    const auto [bytes, size] = packetIn(block);
+    const std::string wrong = parsePacket(bytes, size, &unused);
+    if (!wrong.empty()) throw CaptureError(path(), block.offset, wrong);
+    mPlaces.push_back({timeOf(block), 0, block.offset});
+}
+
+void Capture::lookAtStatistics(const Block& block) {
+    for (const BlockOption& option : optionsOf(block, kStatisticsOptions)) {
+        if (option.code != kDropped || option.value.size() != sizeof(mDropped)) continue;
+        memcpy(&mDropped, option.value.data(), sizeof(mDropped));
     }
 }
 

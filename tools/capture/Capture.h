@@ -44,6 +44,8 @@ class Capture {
     void look(const Block& block);
     void lookAtSection(const Block& block);
     void lookAtInterface(const Block& block);
+    void lookAtPacket(const Block& block);
+    void lookAtStatistics(const Block& block);
 
     BlockReader mReader;
     std::string mProgram;
