@@ -10,6 +10,7 @@
 #include "tests/tools/Program.h"
 #include "tests/tools/Services.h"
 #include "tests/tools/TraceFolder.h"
+#include "tools/rows/Operation.h"
 
 namespace accessory::test {
 namespace {
@@ -146,6 +147,33 @@ TEST_F(Dissector, ShowsListsStructuresAndBinders) {
                                    "IAppleiAP2ManagerNotifier.AppDiscoveryUpdate.list1.buffer",
                                    "IAppleiAP2ManagerNotifier.AppDiscoveryUpdate.second"})[8],
               "b|070000|9");
+}
+
+/// An example of every request, as the kinds of the fields write it.
+std::vector<PacketBytes> exampleRequests() {
+    std::vector<PacketBytes> packets;
+    for (const tools::Interface* interface : tools::allInterfaces()) {
+        for (const auto& operation : interface->operations) {
+            if (operation->onlySent) continue;
+            android::Parcel parcel;
+            operation->encode(tools::exampleArguments(*operation), &parcel);
+            PacketBytes packet = request(interface->descriptor, operation->code, "");
+            packet.data.assign(reinterpret_cast<const char*>(parcel.data()), parcel.dataSize());
+            packets.push_back(packet);
+        }
+    }
+    return packets;
+}
+
+TEST_F(Dissector, ReadsEveryRequestToItsEnd) {
+    const std::vector<PacketBytes> packets = exampleRequests();
+    const TemporaryFile file(captureOf(packets));
+    const auto lines = values(file.path(), {"unread", "cut_short", "operation"});
+    ASSERT_EQ(lines.size(), packets.size());
+    for (const std::string& line : lines) {
+        const bool hasLongField = line == "00000000||CallStateUpdate";  // 64 bits are sent, 32 are read
+        EXPECT_TRUE(line.rfind("||", 0) == 0 || hasLongField) << line;
+    }
 }
 
 TEST_F(Dissector, MarksPacketsThatAreCutShortAndNeverFails) {

@@ -35,6 +35,7 @@ local header = {
     operation = header_field(ProtoField.string, "operation", "Operation"),
     exception = header_field(ProtoField.int32, "exception", "Exception"),
     data = header_field(ProtoField.bytes, "data", "Data"),
+    unread = header_field(ProtoField.bytes, "unread", "Bytes that no receiver reads"),
     object_offset = header_field(ProtoField.uint32, "objects.offset", "Offset"),
     object_kind = header_field(ProtoField.uint32, "objects.kind", "Kind", base.DEC, OBJECT_KINDS),
     object_identity = header_field(ProtoField.uint64, "objects.identity", "Object", base.HEX),
@@ -82,7 +83,7 @@ local function show_fixed(tvb, tree)
     add("object", 64, 8)
 end
 
--- @return the identities of the binders by their offsets, or nil when the packet is too short for the objects.
+-- @return the identities of the binders by their offsets.
 local function show_objects(tvb, count, tree)
     local identities = {}
     for i = 0, count - 1 do
@@ -125,14 +126,56 @@ local function show_reply(reader, interface, operation, tree)
     show_all(operation.reply, reader, tree)
 end
 
-local function show_data(reader, kind, status, interface, operation, tree)
-    if kind == "reply" and status ~= 0 then return end
-    if not operation then
+local function show_data(reader, packet, tree)
+    if packet.kind == "reply" and packet.status ~= 0 then return end
+    if not packet.operation then
         if reader:remaining() > 0 then tree:add(header.data, reader:take(reader:remaining())) end
-    elseif kind == "reply" then
-        show_reply(reader, interface, operation, tree)
+    elseif packet.kind == "reply" then
+        show_reply(reader, packet.interface, packet.operation, tree)
     else
-        show_request(reader, operation, tree)
+        show_request(reader, packet.operation, tree)
+    end
+end
+
+-- What the rest goes by; nil when the packet is too short for what it says.
+local function read_header(tvb)
+    local size, object_count, name_size = tvb(4, 4):le_uint(), tvb(28, 4):le_uint(), tvb(32, 4):le_uint()
+    local name_at = FIXED_SIZE + object_count * OBJECT_SIZE
+    if name_at + name_size > size or size > tvb:len() then return nil end
+    local name_range = name_size > 0 and tvb(name_at, name_size)
+    local descriptor = name_range and name_range:raw() or ""
+    local interface, code = interfaces[descriptor], tvb(16, 4):le_uint()
+    local operation = interface and interface.operations[code]
+    return {
+        size = size,
+        object_count = object_count,
+        kind = KINDS[tvb(1, 1):uint()] or "unknown",
+        status = tvb(24, 4):le_int(),
+        name_range = name_range,
+        interface = interface,
+        operation = operation,
+        interface_name = interface and interface.name or descriptor,
+        operation_name = operation and operation.name or PLATFORM_CALLS[code] or "code " .. code,
+    }
+end
+
+local function show_names(tvb, packet, pinfo, tree)
+    if packet.name_range then tree:add(header.interface, packet.name_range, packet.interface_name) end
+    tree:add(header.operation, tvb(16, 4), packet.operation_name)
+    local dot = packet.name_range and "." or ""
+    local failure = packet.kind == "reply" and packet.status ~= 0 and " failed: " .. packet.status or ""
+    pinfo.cols.info = packet.kind .. " " .. packet.interface_name .. dot .. packet.operation_name .. failure
+end
+
+local function show_packet(tvb, packet, pinfo, tree)
+    show_names(tvb, packet, pinfo, tree)
+    if packet.kind ~= "oneway" then link(tvb, pinfo, tree, packet.kind == "reply") end
+    local reader = Reader.new(tvb, packet.size, show_objects(tvb, packet.object_count, tree))
+    show_data(reader, packet, tree)
+    if reader.cut then
+        tree:add_proto_expert_info(cut_short)
+    elseif reader:remaining() > 0 then
+        tree:add(header.unread, reader:take(reader:remaining()))
     end
 end
 
@@ -141,36 +184,17 @@ function proto.dissector(tvb, pinfo, root)
     local tree = root:add(proto, tvb())
     if tvb:len() < FIXED_SIZE then
         tree:add_proto_expert_info(cut_short)
-        return tvb:len()
-    end
-    if tvb(0, 1):uint() ~= VERSION then
+    elseif tvb(0, 1):uint() ~= VERSION then
         tree:add_proto_expert_info(unknown_version)
-        return tvb:len()
+    else
+        show_fixed(tvb, tree)
+        local packet = read_header(tvb)
+        if packet then
+            show_packet(tvb, packet, pinfo, tree)
+        else
+            tree:add_proto_expert_info(cut_short)
+        end
     end
-    show_fixed(tvb, tree)
-    local kind = KINDS[tvb(1, 1):uint()] or "unknown"
-    local header_size = tvb(4, 4):le_uint()
-    local object_count, name_size = tvb(28, 4):le_uint(), tvb(32, 4):le_uint()
-    local name_at = FIXED_SIZE + object_count * OBJECT_SIZE
-    if name_at + name_size > header_size or header_size > tvb:len() then
-        tree:add_proto_expert_info(cut_short)
-        return tvb:len()
-    end
-    local descriptor = name_size > 0 and tvb(name_at, name_size):raw() or ""
-    local interface = interfaces[descriptor]
-    local code, status = tvb(16, 4):le_uint(), tvb(24, 4):le_int()
-    local operation = interface and interface.operations[code]
-    local name = operation and operation.name or PLATFORM_CALLS[code] or "code " .. code
-    if name_size > 0 then
-        tree:add(header.interface, tvb(name_at, name_size), interface and interface.name or descriptor)
-    end
-    tree:add(header.operation, tvb(16, 4), name)
-    if kind ~= "oneway" then link(tvb, pinfo, tree, kind == "reply") end
-    local title = (interface and interface.name .. "." or "") .. name
-    pinfo.cols.info = kind .. " " .. title .. (kind == "reply" and status ~= 0 and " failed: " .. status or "")
-    local reader = Reader.new(tvb, header_size, show_objects(tvb, object_count, tree))
-    show_data(reader, kind, status, interface, operation, tree)
-    if reader.cut then tree:add_proto_expert_info(cut_short) end
     return tvb:len()
 end
 
