@@ -33,11 +33,11 @@ std::string u64(uint64_t value) { return bytes(value, 8); }
 constexpr char kNul = '\0';
 
 TEST(TraceFile, BeginsWithASectionAndAnInterfaceOfItsLinkType) {
-    const std::string section = u32(0x0a0d0d0a) + u32(60) + u32(0x1a2b3c4d) + u16(1) + u16(0) +
+    const std::string section = u32(0x0a0d0d0a) + u32(52) + u32(0x1a2b3c4d) + u16(1) + u16(0) +
                                 u64(0xffffffffffffffff) +                           //
                                 u16(1) + u16(5) + "hello" + std::string(3, kNul) +  // comment
                                 u16(4) + u16(4) + "prog" +                          // application
-                                u16(0) + u16(0) + u32(60);
+                                u16(0) + u16(0) + u32(52);
     const std::string interface = u32(1) + u32(44) + u16(147) + u16(0) + u32(0) + u16(2) + u16(6) + "binder" +
                                   std::string(2, kNul) +                             // name
                                   u16(9) + u16(1) + "\x09" + std::string(3, kNul) +  // nanoseconds
@@ -143,8 +143,7 @@ TEST_F(TraceRecorder, WritesAPacketAsItsFormIsTold) {
     ObjectRecord record;
     record.token.low = 77;
     const std::string data = std::string(24, kNul) + "yz";
-    recorder.record(0x0000000100000002,
-                    {reply(), name, data.data(), reinterpret_cast<const uint8_t*>(&record)});
+    recorder.record(0x0000000100000002, {reply(), name, data.data(), &record});
     recorder.flush();
     const std::string packet = std::string("\x01\x02\x02", 3) + kNul +        // version, reply, in
                                u32(96) + u64(9) + u32(13) + u32(0x10) +       // header, number, code, flags

@@ -33,10 +33,11 @@ int32_t threadId() {
 
 /// The records in the form of the capture.
 std::vector<PacketObject> packetObjects(const Transaction& transaction) {
+    const auto* const records = static_cast<const uint8_t*>(transaction.records);
     std::vector<PacketObject> objects(transaction.header.objectCount);
     for (size_t i = 0; i < objects.size(); ++i) {
         ObjectRecord record;
-        std::memcpy(&record, transaction.records + i * sizeof(record), sizeof(record));
+        std::memcpy(&record, records + i * sizeof(record), sizeof(record));
         objects[i] = {record.offset, static_cast<uint32_t>(record.kind), identityOf(record.token)};
     }
     return objects;

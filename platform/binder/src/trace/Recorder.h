@@ -21,7 +21,7 @@ struct Transaction {
     PacketHeader header;  ///< all but sizes and who this is
     const InterfaceName& name;
     const void* data = nullptr;
-    const uint8_t* records = nullptr;  ///< ObjectRecord, header.objectCount of them; need not be aligned
+    const void* records = nullptr;  ///< ObjectRecord, header.objectCount of them; need not be aligned
 };
 
 /// What is recorded goes into a ring, from which a thread empties it into the file within a few milliseconds.

@@ -48,6 +48,14 @@ struct Content {
     explicit Content(const Frame& received);
 };
 
+/// What an Exchange has recorded so far.
+struct ExchangeState {
+    PacketHeader header;
+    InterfaceName name;
+    bool requested = false;
+    bool replied = false;
+};
+
 /// A call and its reply, on either side. Lives on the stack of the thread that makes or serves it.
 class Exchange {
   public:
@@ -77,14 +85,6 @@ class Exchange {
     }
 
   private:
-    /// Exists only while tracing.
-    struct State {
-        PacketHeader header;
-        InterfaceName name;
-        bool requested = false;
-        bool replied = false;
-    };
-
     void begin(Direction request, const Credentials& peer);
     void recordRequest(const FrameHeader& header, const Content& content);
     void recordReply(const FrameHeader& header, const Content& content);
@@ -93,7 +93,7 @@ class Exchange {
     void record(const FrameHeader& header, const Content& content);
 
     Recorder* const mRecorder;
-    std::optional<State> mState;
+    std::optional<ExchangeState> mState;  // while tracing
 };
 
 /// A one-way call, when it is sent or received.
