@@ -7,7 +7,9 @@
 #include <cerrno>
 #include <cstring>
 #include <ctime>
+#include <new>
 
+#include "../Contained.h"
 #include "../Log.h"
 #include "../socket/Frame.h"
 #include "Blocks.h"
@@ -88,8 +90,20 @@ void Recorder::complete(PacketHeader* header, size_t nameSize) const {
 }
 
 void Recorder::record(uint64_t time, const Transaction& transaction) {
-    static constexpr uint8_t kZeros[3] = {};
     const int error = errno;
+    bool isIn = false;
+    try {
+        isIn = put(time, transaction);
+    } catch (const std::bad_alloc&) {  // counts as no room
+    }
+    if (!isIn) mDropped.fetch_add(1, std::memory_order_relaxed);
+    wakeWriter();
+    errno = error;
+}
+
+/// @return false when there is no room in the ring.
+bool Recorder::put(uint64_t time, const Transaction& transaction) {
+    static constexpr uint8_t kZeros[3] = {};
     PacketHeader header = transaction.header;
     complete(&header, transaction.name.size());
     const std::vector<PacketObject> objects = packetObjects(transaction);
@@ -109,9 +123,7 @@ void Recorder::record(uint64_t time, const Transaction& transaction) {
         piece(kZeros, padded(packetSize) - packetSize),
         piece(&end, sizeof(end)),
     };
-    if (!mRing.put(pieces, std::size(pieces))) mDropped.fetch_add(1, std::memory_order_relaxed);
-    wakeWriter();
-    errno = error;
+    return mRing.put(pieces, std::size(pieces));
 }
 
 /// Either the writer sees the record that was reserved before this load, or this sees that it sleeps.
@@ -132,7 +144,7 @@ void Recorder::awaitRecords() {
 void Recorder::run() {
     for (;;) {
         awaitRecords();
-        flush();
+        thrownBy([this] { flush(); });  // without memory it is tried again
         nanosleep(&kInterval, nullptr);
     }
 }
@@ -151,6 +163,7 @@ void Recorder::finish() {
 
 void Recorder::flushLocked() {
     std::vector<iovec> pieces;
+    pieces.reserve(kPieces + 2);  // nothing may be taken that cannot be released
     for (;;) {
         const Ring::Taken taken = mRing.take(&pieces, kPieces);
         if (taken.records == 0) return;

@@ -58,6 +58,7 @@ class Recorder {
     [[noreturn]] void run();
 
   private:
+    bool put(uint64_t time, const Transaction& transaction);
     void complete(PacketHeader* header, size_t nameSize) const;
     void wakeWriter();
     void awaitRecords();
