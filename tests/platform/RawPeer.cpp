@@ -1,13 +1,16 @@
 #include "tests/platform/RawPeer.h"
 
 #include <gtest/gtest.h>
+#include <linux/sockios.h>
 #include <poll.h>
+#include <sys/ioctl.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -15,6 +18,7 @@
 #include <utility>
 
 #include "tests/platform/TestService.h"
+#include "tests/support/Eventually.h"
 
 namespace accessory::test {
 namespace {
@@ -46,11 +50,11 @@ int connectTo(const std::string& file) {
     return fd;
 }
 
-int listenAt(const std::string& file) {
+int listenAt(const std::string& file, int door) {
     const int fd = newSocket();
     const sockaddr_un address = addressOf(file);
     EXPECT_EQ(0, bind(fd, reinterpret_cast<const sockaddr*>(&address), sizeof(address))) << file;
-    EXPECT_EQ(0, listen(fd, 8));
+    EXPECT_EQ(0, listen(fd, door));
     return fd;
 }
 
@@ -68,10 +72,10 @@ std::string freshIdentity() {
 }
 
 /// Enters a service that is said to live behind a socket. @return the listening socket.
-int enterService(const std::string& name) {
+int enterService(const std::string& name, int door = 8) {
     const std::string owner = freshIdentity();
     std::ofstream(runtimeFile("service-" + name)) << owner << ' ' << std::string(31, '0') << "5\n";
-    return listenAt(runtimeFile(owner));
+    return listenAt(runtimeFile(owner), door);
 }
 
 }  // namespace
@@ -111,6 +115,25 @@ void RawPeer::send(const std::string& bytes, const std::vector<int>& fds) {
     sendmsg(mSocket, &message, MSG_NOSIGNAL);
 }
 
+size_t RawPeer::offer(const std::string& bytes) {
+    const ssize_t taken = ::send(mSocket, bytes.data(), bytes.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
+    return taken > 0 ? static_cast<size_t>(taken) : 0;
+}
+
+bool RawPeer::isTakenIn() {
+    return static_cast<bool>(eventually([this] {
+        int waiting = 0;
+        return ioctl(mSocket, SIOCOUTQ, &waiting) != 0 || waiting == 0;
+    }));
+}
+
+bool RawPeer::isQuiet() {
+    char byte = 0;
+    return recv(mSocket, &byte, 1, MSG_PEEK | MSG_DONTWAIT) < 0 && errno == EAGAIN;
+}
+
+void RawPeer::shutDown(int how) { shutdown(mSocket, how); }
+
 std::string RawPeer::receive(size_t count) {
     std::string bytes;
     while (bytes.size() < count && becomesReadable(mSocket)) {
@@ -127,9 +150,16 @@ bool RawPeer::isHungUpOn() {
     return becomesReadable(mSocket) && recv(mSocket, &byte, 1, 0) <= 0;
 }
 
-RawService::RawService(std::string answer)
+DeafService::DeafService(int door) : mName(uniqueServiceName()), mListener(enterService(mName, door)) {}
+
+DeafService::~DeafService() { close(mListener); }
+
+RawService::RawService(const std::string& answer)
+    : RawService([answer](int calls) { ::send(calls, answer.data(), answer.size(), MSG_NOSIGNAL); }) {}
+
+RawService::RawService(std::function<void(int calls)> behave)
     : mName(uniqueServiceName()),
-      mAnswer(std::move(answer)),
+      mBehave(std::move(behave)),
       mListener(enterService(mName)),
       mThread([this] { serve(); }) {}
 
@@ -147,7 +177,7 @@ void RawService::serve() {
     std::array<char, 256> ignored{};
     recv(mCalls, ignored.data(), sizeof(RawHello), MSG_WAITALL);
     recv(mCalls, ignored.data(), sizeof(RawHeader), MSG_WAITALL);
-    ::send(mCalls, mAnswer.data(), mAnswer.size(), MSG_NOSIGNAL);
+    mBehave(mCalls);
     while (recv(mCalls, ignored.data(), ignored.size(), 0) > 0) {
     }
     close(link);

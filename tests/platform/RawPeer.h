@@ -3,6 +3,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <thread>
 #include <vector>
@@ -82,6 +83,18 @@ class RawPeer {
     /// Sends @p bytes as far as the other end takes them, with @p fds beside their first one.
     void send(const std::string& bytes, const std::vector<int>& fds = {});
 
+    /// Sends as much of @p bytes as the other end takes without a wait. @return how much that is.
+    size_t offer(const std::string& bytes);
+
+    /// Waits until the other end has taken all that was sent. @return false when it does not.
+    bool isTakenIn();
+
+    /// Whether the other end has neither said anything nor hung up.
+    bool isQuiet();
+
+    /// Ends one direction, SHUT_RD or SHUT_WR, or both.
+    void shutDown(int how);
+
     /// The next @p count bytes, or fewer when the other end hangs up or nothing more comes.
     std::string receive(size_t count);
 
@@ -92,11 +105,30 @@ class RawPeer {
     const int mSocket;
 };
 
+/// A service under a name of its own that neither takes nor reads anything.
+class DeafService {
+  public:
+    /// @param door for so many callers, who are let in by the kernel; the next ones have to wait.
+    explicit DeafService(int door);
+    ~DeafService();
+    DeafService(const DeafService&) = delete;
+    DeafService& operator=(const DeafService&) = delete;
+
+    const std::string& name() const { return mName; }
+
+  private:
+    const std::string mName;
+    const int mListener;
+};
+
 /// A service under a name of its own that takes one client's link and first call, and answers the call with
 /// bytes of the test's choice. The test makes that call before the service ends.
 class RawService {
   public:
-    explicit RawService(std::string answer);
+    explicit RawService(const std::string& answer);
+    /// @param behave does whatever it likes with the connection, on a thread of its own, once a call has
+    /// come.
+    explicit RawService(std::function<void(int calls)> behave);
     ~RawService();
     RawService(const RawService&) = delete;
     RawService& operator=(const RawService&) = delete;
@@ -107,7 +139,7 @@ class RawService {
     void serve();
 
     const std::string mName;
-    const std::string mAnswer;
+    const std::function<void(int calls)> mBehave;
     const int mListener;
     std::atomic<int> mCalls{-1};  ///< the connection of the first call
     std::thread mThread;

@@ -50,10 +50,17 @@ class ACCESSORY_EXPORT BpAccessoryManager : public android::BpInterface<IAccesso
 /// runtime's threads, several at once.
 class ACCESSORY_EXPORT AccessoryManagerImplItf : public virtual android::RefBase {
   public:
+    /// @name Requests
+    /// @{
+
+    /// Answers the query of IAccessoryManager that has the same name.
     virtual int32_t getDeviceCount() = 0;
     virtual int32_t getFeature(unsigned int accessoryId) = 0;
     virtual android::String8 getPath(unsigned int accessoryId) = 0;
     virtual int32_t getAccessoryId(const android::String8& path) = 0;
+
+    /// @}
+
     ~AccessoryManagerImplItf() override;
 
     /// Appends a description of the service's state to @p result, for people to read.
@@ -69,8 +76,7 @@ class ACCESSORY_EXPORT AccessoryManagerNotifierDeathRecipient : public android::
 class ACCESSORY_EXPORT BnAccessoryManager : public android::BnInterface<IAccessoryManager> {
   public:
     /// @param impl held as long as the stub lives. Null is accepted; every query is then answered with 0 or
-    /// an
-    ///             empty string, and logged.
+    ///             an empty string, and logged.
     explicit BnAccessoryManager(const android::sp<AccessoryManagerImplItf>& impl);
     ~BnAccessoryManager() override;
 

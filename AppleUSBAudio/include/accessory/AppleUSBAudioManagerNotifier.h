@@ -18,14 +18,21 @@ class BnAppleUSBAudioManager;
 /// By which a service raises its events: each calls all registered clients in the order of their process
 /// identifiers and waits for every one of them. A client that fails is logged and the next one is called.
 ///
-/// @return 0, or -1 when the register holds a null notifier, which ends the round. Any thread may raise an
-/// event; one runs at a time, and while it runs no client is registered, removed or listed.
+/// Any thread may raise an event; one runs at a time, and while it runs no client is registered, removed or
+/// listed.
 class ACCESSORY_EXPORT AppleUSBAudioManagerNotifierItf : public virtual android::RefBase {
   public:
     ~AppleUSBAudioManagerNotifierItf() override;
 
+    /// @name Events
+    /// @{
+
+    /// Calls every client's operation of the same name, see IAppleUSBAudioManagerNotifier.
+    /// @return 0, or -1 when the register holds a null notifier, which ends the round.
     virtual int attach(unsigned int accessoryId) = 0;
     virtual int detach(unsigned int accessoryId) = 0;
+
+    /// @}
 };
 
 /// One per stub, made by it.

@@ -40,7 +40,10 @@ class ACCESSORY_EXPORT IAppleUSBAudioManager : public android::IInterface {
     /// @param count how many were filled in.
     virtual int getIds(unsigned int* ids, unsigned int* count) = 0;
 
+    /// Sets the volume. What the values mean is between the service and its clients.
     virtual int setVolume(unsigned int value1, unsigned int value2) = 0;
+
+    /// Sets the sample rate. What the values mean is between the service and its clients.
     virtual int setSampleRate(unsigned int value1, unsigned int value2) = 0;
 
     /// Starts a stream.
@@ -86,6 +89,11 @@ class ACCESSORY_EXPORT AppleUSBAudioManagerImplItf : public virtual android::Ref
   public:
     ~AppleUSBAudioManagerImplItf() override;
 
+    /// @name Operations
+    /// @{
+
+    /// Carries out the operation of IAppleUSBAudioManager that has the same name, where its arguments are
+    /// told. @return what the client gets; 0 for success.
     virtual int startup() = 0;
     virtual int shutdown() = 0;
 
@@ -100,6 +108,8 @@ class ACCESSORY_EXPORT AppleUSBAudioManagerImplItf : public virtual android::Ref
     virtual int setVolume(unsigned int value1, unsigned int value2) = 0;
     virtual int play(unsigned int value) = 0;
     virtual int pause(unsigned int value) = 0;
+
+    /// @}
 
     /// Appends a description of the service's state to @p result, for people to read.
     /// @param args what the caller of the dump asked for.
@@ -157,6 +167,7 @@ class ACCESSORY_EXPORT AppleUSBAudioNotifierDeathRecipient : public android::IBi
     AppleUSBAudioNotifierDeathRecipient(const android::sp<BnAppleUSBAudioManager>& manager, int pid);
     ~AppleUSBAudioNotifierDeathRecipient() override;
 
+    /// Called by the runtime when the client's process has ended.
     void binderDied(const android::wp<android::IBinder>& who) override;
 
   private:

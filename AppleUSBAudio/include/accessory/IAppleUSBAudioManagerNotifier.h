@@ -40,8 +40,15 @@ class ACCESSORY_EXPORT AppleUSBAudioManagerNotifierImplItf : public virtual andr
   public:
     ~AppleUSBAudioManagerNotifierImplItf() override;
 
+    /// @name Events
+    /// @{
+
+    /// Takes the event of IAppleUSBAudioManagerNotifier that has the same name.
+    /// @return 0, or an error, which the service logs.
     virtual int attach(unsigned int accessoryId) = 0;
     virtual int detach(unsigned int accessoryId) = 0;
+
+    /// @}
 };
 
 /// The client's side: takes events apart and hands them to the implementation.

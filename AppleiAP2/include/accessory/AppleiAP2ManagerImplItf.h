@@ -18,11 +18,17 @@ namespace accessory {
 
 /// What a service implements: the operations of IAppleiAP2Manager but for registration, which is the stub's
 /// own. They are called on the Binder runtime's threads, several at once. At most 10 identifiers are
-/// reported.
+/// reported; of more, the first 10 are sent. Texts that are returned stay the implementation's, and must live
+/// until the reply is written: longer than the call.
 class ACCESSORY_EXPORT AppleiAP2ManagerImplItf : public virtual android::RefBase {
   public:
     ~AppleiAP2ManagerImplItf() override;
 
+    /// @name Requests
+    /// @{
+
+    /// Carries out the operation of IAppleiAP2Manager that has the same name, where its arguments and its
+    /// result are told. The arguments are borrowed until it returns; the result goes to the client as it is.
     virtual int setName(const char* name) = 0;
     virtual int setSerialNumber(const char* serialNumber) = 0;
     virtual int setDisplayName(const char* displayName) = 0;
@@ -30,9 +36,8 @@ class ACCESSORY_EXPORT AppleiAP2ManagerImplItf : public virtual android::RefBase
     virtual int startup(AppleiAP2TransportMode mode) = 0;
     virtual int shutdown(AppleiAP2TransportMode mode) = 0;
     virtual int setConfigPath(AppleiAP2TransportMode mode, const char* path) = 0;
-    /// Two places that nothing calls.
-    virtual void reserved1() {}
-    virtual void reserved2() {}
+    virtual void reserved1() {}  ///< a place that nothing calls
+    virtual void reserved2() {}  ///< a place that nothing calls
     virtual int getAccessoryIds(unsigned int* ids, unsigned int* count) = 0;
     virtual const char* getSupportFeature(unsigned int accId, const char* feature) = 0;
     virtual int start(unsigned int accId) = 0;
@@ -134,6 +139,8 @@ class ACCESSORY_EXPORT AppleiAP2ManagerImplItf : public virtual android::RefBase
     virtual int setProperty(AppleiAP2TransportMode mode, const std::string& key,
                             const std::string& value) = 0;
     virtual const char* getVersion() = 0;
+
+    /// @}
 
     /// Called once, while the stub is made, with the broadcaster by which the service raises its events.
     /// @return 0, or an error, which is logged.

@@ -22,15 +22,21 @@ class BnAppleiAP2Manager;
 /// registered clients in the order of their process identifiers and waits for every one of them. A client
 /// that fails is logged and the next one is called.
 ///
-/// @return 0, or -1 when the register holds a null notifier, which ends the round.
-/// CarPlayMatchedDigitalCarKeys(), AssistiveTouchInformation(), DestinationInformation(),
-/// StartBluetoothPairing() and StopBluetoothPairing() return what the last client returned. Any thread may
-/// raise an event; all but hidComponentUpdate() run one at a time, and while one runs no client is
-/// registered, removed or listed.
+/// Any thread may raise an event; all but hidComponentUpdate() run one at a time, and while one runs no
+/// client is registered, removed or listed.
 class ACCESSORY_EXPORT AppleiAP2ManagerNotifierItf : public virtual android::RefBase {
   public:
     ~AppleiAP2ManagerNotifierItf() override;
 
+    /// @name Events
+    /// @{
+
+    /// Calls every client's operation of the same name, see IAppleiAP2ManagerNotifier. The arguments are
+    /// borrowed until it returns.
+    /// @return 0, or -1 when the register holds a null notifier, which ends the round.
+    /// CarPlayMatchedDigitalCarKeys(), AssistiveTouchInformation(), DestinationInformation(),
+    /// StartBluetoothPairing() and StopBluetoothPairing() return what the last client returned, 0 without
+    /// one.
     virtual int notify(unsigned int accId, unsigned int event) = 0;
     virtual int attach(unsigned int accId) = 0;
     virtual int detach(unsigned int accId) = 0;
@@ -87,6 +93,8 @@ class ACCESSORY_EXPORT AppleiAP2ManagerNotifierItf : public virtual android::Ref
     virtual int DestinationInformation(unsigned int accId, const DestinationInfo* info) = 0;
     virtual int AssistiveTouchInformation(unsigned int accId, bool enabled) = 0;
     virtual int CarPlayMatchedDigitalCarKeys(unsigned int accId, std::vector<std::string>& keys) = 0;
+
+    /// @}
 };
 
 /// One per stub, made by it.

@@ -10,13 +10,18 @@
 
 namespace accessory {
 
-/// Enumerations of the service; it completes them with enumerators of its own. They travel as 32 bits.
+/// @name Enumerations of the service
+/// @{
+
+/// Completed by the service with enumerators of its own; travels as 32 bits.
 enum AppleiAP2TransportMode : int32_t;
 enum AppLaunchMethod : int32_t;
 enum MediaLibCollectionType : int32_t;
 enum MediaLibType : int32_t;
 enum requestWiFiStatues : int32_t;
 enum WiFiSecurityType : int32_t;
+
+/// @}
 
 /// Argument of startHID(). A receiver's descriptor lives until the operation returns.
 struct HIDReportAttributes {
@@ -30,13 +35,17 @@ struct HIDReportAttributes {
 
 /// One element of BTComponentInformation(); travels as it lies in memory.
 struct BTComInfo_s {
-    uint8_t bytes[8];
+    uint8_t bytes[8];  ///< what the service and its clients agree on
 };
 static_assert(sizeof(BTComInfo_s) == 8 && alignof(BTComInfo_s) == 1);
 
 /// Argument of StartCallStateUpdates(); travels as it lies in memory. One byte per field of
 /// CallStateUpdateParam, in the same order: not 0 when the client wants that field.
 struct StartCallStateUpdateParam {
+    /// @name Fields
+    /// @{
+
+    /// Not 0: the client wants the field of this number.
     uint8_t field1 = 0;
     uint8_t field2 = 0;
     uint8_t field3 = 0;
@@ -49,6 +58,8 @@ struct StartCallStateUpdateParam {
     uint8_t field10 = 0;
     uint8_t field11 = 0;
     uint8_t field12 = 0;
+
+    /// @}
 };
 static_assert(sizeof(StartCallStateUpdateParam) == 12 && offsetof(StartCallStateUpdateParam, field1) == 0 &&
               offsetof(StartCallStateUpdateParam, field12) == 11);
@@ -56,6 +67,10 @@ static_assert(sizeof(StartCallStateUpdateParam) == 12 && offsetof(StartCallState
 /// Argument of StartCommunicationsUpdates(); travels as it lies in memory. One byte per field of
 /// CommunicationsUpdateParam, as StartCallStateUpdateParam; seventeen bytes without padding.
 struct StartCommunicationsUpdatesParam {
+    /// @name Fields
+    /// @{
+
+    /// Not 0: the client wants the field of this number.
     uint8_t field1 = 0;
     uint8_t field2 = 0;
     uint8_t field3 = 0;
@@ -73,6 +88,8 @@ struct StartCommunicationsUpdatesParam {
     uint8_t field15 = 0;
     uint8_t field16 = 0;
     uint8_t field17 = 0;
+
+    /// @}
 };
 static_assert(sizeof(StartCommunicationsUpdatesParam) == 17 &&
               offsetof(StartCommunicationsUpdatesParam, field1) == 0 &&
@@ -80,52 +97,63 @@ static_assert(sizeof(StartCommunicationsUpdatesParam) == 17 &&
 
 /// Argument of InitiateCall(). A receiver's strings live until the operation returns.
 struct InitiateCallParam {
-    int32_t type = 0;
+    int32_t type = 0;                     ///< how the other party is named; the service defines the values
     const char* destinationId = nullptr;  ///< may be null
-    int32_t service = 0;
+    int32_t service = 0;                  ///< what to call with; the service defines the values
     const char* addressBookId = nullptr;  ///< may be null
 };
 
 /// How CarPlayStartSession() is to start over the wire. A receiver's string lives until the operation
 /// returns.
 struct CPStartSessionWiredAttributes {
-    const char* string1 = nullptr;
+    const char* string1 = nullptr;  ///< not null
 };
 
 /// How CarPlayStartSession() is to start without a wire; as CPStartSessionWiredAttributes.
 struct CPStartSessionWirelessAttributes {
-    const char* string1 = nullptr;
-    const char* string2 = nullptr;
-    uint8_t value8 = 0;
-    const char* string3 = nullptr;
-    uint32_t value32 = 0;
+    const char* string1 = nullptr;  ///< not null
+    const char* string2 = nullptr;  ///< not null
+    uint8_t value8 = 0;             ///< sent before the third string
+    const char* string3 = nullptr;  ///< not null
+    uint32_t value32 = 0;           ///< sent last
 };
 
 /// Argument of fileTransferSetup(). A receiver's buffer lives until the operation returns.
 struct FileTransferSetup {
+    /// @name Values
+    /// @{
+
+    /// Means what the service and its clients agree on.
     uint32_t value1 = 0;
     uint32_t value2 = 0;
     uint32_t value3 = 0;
     uint32_t value4 = 0;
     uint32_t value5 = 0;
+
+    /// @}
+
     void* buffer = nullptr;     ///< null when there are no bytes
     uint32_t bufferLength = 0;  ///< in bytes
-    uint32_t value8 = 0;
+    uint32_t value8 = 0;        ///< as the values above
 };
 
 /// One element of an application list. A receiver's strings and buffer live until the operation returns.
 struct AppleAppList {
-    uint16_t value16 = 0;
-    const char* string1 = nullptr;
-    const char* string2 = nullptr;
-    uint32_t value32 = 0;
-    void* buffer = nullptr;
-    uint32_t bufferLength = 0;  ///< in bytes
+    uint16_t value16 = 0;           ///< sent first
+    const char* string1 = nullptr;  ///< not null
+    const char* string2 = nullptr;  ///< not null
+    uint32_t value32 = 0;           ///< sent after the strings
+    void* buffer = nullptr;         ///< not null when there is a length
+    uint32_t bufferLength = 0;      ///< in bytes
 };
 
 /// Argument of CallStateUpdate(): twelve fields, each a pointer that is null when the field is absent. A
 /// receiver's pointers are valid until the operation returns; a sender's must be until the call returns.
 struct CallStateUpdateParam {
+    /// @name Fields
+    /// @{
+
+    /// Null when absent.
     const char* field1 = nullptr;
     const char* field2 = nullptr;
     const int32_t* field3 = nullptr;
@@ -137,12 +165,18 @@ struct CallStateUpdateParam {
     const bool* field9 = nullptr;
     const char* field10 = nullptr;
     const int32_t* field11 = nullptr;
-    /// Only values that fit in 32 bits arrive as they were sent.
+    /// Null when absent. Only values that fit in 32 bits arrive as they were sent.
     const int64_t* field12 = nullptr;
+
+    /// @}
 };
 
 /// Argument of CommunicationsUpdate(): seventeen fields, absent and valid as those of CallStateUpdateParam.
 struct CommunicationsUpdateParam {
+    /// @name Fields
+    /// @{
+
+    /// Null when absent.
     const int32_t* field1 = nullptr;
     const int32_t* field2 = nullptr;
     const bool* field3 = nullptr;
@@ -160,23 +194,29 @@ struct CommunicationsUpdateParam {
     const bool* field15 = nullptr;
     const bool* field16 = nullptr;
     const bool* field17 = nullptr;
+
+    /// @}
 };
 
 /// Whether CarPlay can be started over the wire. A receiver's string lives until the operation returns.
 struct CPAvailabilityWiredAttributes {
-    bool available = false;
+    bool available = false;      ///< whether it can be started so
     const char* text = nullptr;  ///< meaningful only when available
 };
 
 /// Whether CarPlay can be started without a wire; as CPAvailabilityWiredAttributes.
 struct CPAvailabilityWirelessAttributes {
-    bool available = false;
-    const char* text = nullptr;
+    bool available = false;      ///< whether it can be started so
+    const char* text = nullptr;  ///< meaningful only when available
 };
 
 /// Argument of DestinationInformation(): a field is present when its bit of the mask is set. A receiver's
 /// strings and points live until the operation returns.
 struct DestinationInfo {
+    /// @name Bits of the mask
+    /// @{
+
+    /// The field of that name is present.
     static constexpr uint32_t kFirstString = 0x01;
     static constexpr uint32_t kSecondString = 0x02;
     static constexpr uint32_t kEightBytes = 0x04;
@@ -186,21 +226,23 @@ struct DestinationInfo {
     static constexpr uint32_t kFourthString = 0x40;
     static constexpr uint32_t kFifthString = 0x80;
 
+    /// @}
+
     /// One point: eight bytes that the library does not look into.
     struct Point {
-        uint8_t bytes[8];
+        uint8_t bytes[8];  ///< as they lie in memory
     };
 
-    uint32_t mask = 0;
-    const char* firstString = nullptr;
-    const char* secondString = nullptr;
-    uint8_t eightBytes[8] = {};
-    const char* thirdString = nullptr;
-    uint32_t pointCount = 0;
-    Point* points = nullptr;
-    uint32_t value = 0;
-    const char* fourthString = nullptr;
-    const char* fifthString = nullptr;
+    uint32_t mask = 0;                   ///< which fields are present
+    const char* firstString = nullptr;   ///< not null when present, as all strings here
+    const char* secondString = nullptr;  ///< of kSecondString
+    uint8_t eightBytes[8] = {};          ///< of kEightBytes
+    const char* thirdString = nullptr;   ///< of kThirdString
+    uint32_t pointCount = 0;             ///< of kPoints: how many points there are
+    Point* points = nullptr;             ///< of kPoints: not null when there are any
+    uint32_t value = 0;                  ///< of kValue
+    const char* fourthString = nullptr;  ///< of kFourthString
+    const char* fifthString = nullptr;   ///< of kFifthString
 };
 
 }  // namespace accessory

@@ -27,6 +27,9 @@ namespace accessory {
 /// has answered, may be called from any thread, and gives 0 or null when the service cannot be reached: that
 /// is logged, and cannot be told from a service's own answer. What is passed in belongs to the caller; what a
 /// receiver is given is valid until it returns.
+///
+/// Texts end with NUL and are not null unless the operation says so: a null one is left out, and the receiver
+/// misreads what follows. What numbers called value, action, type and the like mean, the service defines.
 class ACCESSORY_EXPORT IAppleiAP2Manager : public android::IInterface {
   public:
     DECLARE_META_INTERFACE(AppleiAP2Manager)
@@ -41,8 +44,7 @@ class ACCESSORY_EXPORT IAppleiAP2Manager : public android::IInterface {
     virtual int setDisplayName(const char* displayName) = 0;
 
     /// Sets the accessory's Bluetooth address. @param addr @p len bytes of the caller's. A receiver may get
-    /// null, whatever
-    /// @p len says, when there was no memory for them.
+    /// null, whatever @p len says, when there was no memory for them.
     virtual int setBluetoothAddr(unsigned char* addr, unsigned int len) = 0;
 
     /// Starts the transport.
@@ -277,12 +279,12 @@ class ACCESSORY_EXPORT IAppleiAP2Manager : public android::IInterface {
     /// Sends a tone. @param callUuid may be null.
     virtual int SendDTMF(unsigned int accId, int tone, const char* callUuid) = 0;
 
-    /// Starts a CarPlay session. @param wired, @param wireless null when not wanted that way.
+    /// Starts a CarPlay session. @param wired,wireless null when not wanted that way.
     virtual int CarPlayStartSession(unsigned int accId, CPStartSessionWiredAttributes* wired,
                                     CPStartSessionWirelessAttributes* wireless, unsigned int value,
                                     const char* string1, const char* string2, const char* string3) = 0;
 
-    /// Sends pairing information. @param block1, @param block2 each null or two arrays of 16 bytes in a row.
+    /// Sends pairing information. @param block1,block2 each null or two arrays of 16 bytes in a row.
     virtual int BluetoothPairingAccessoryInformation(unsigned int accId, unsigned short value,
                                                      unsigned char (*block1)[16],
                                                      unsigned char (*block2)[16]) = 0;
@@ -582,6 +584,7 @@ class ACCESSORY_EXPORT AppleiAP2NotifierDeathRecipient : public android::IBinder
     AppleiAP2NotifierDeathRecipient(const android::sp<BnAppleiAP2Manager>& manager, int pid);
     ~AppleiAP2NotifierDeathRecipient() override;
 
+    /// Called by the runtime when the client's process has ended.
     void binderDied(const android::wp<android::IBinder>& who) override;
 
   private:

@@ -20,6 +20,9 @@ namespace accessory {
 /// and returns the receiver's status, 0 for success. Through a proxy it blocks until the receiver has
 /// answered, may be called from any thread, and gives 0 when the receiver cannot be reached: that is logged.
 /// Strings, records, buffers and lists that a receiver is given are valid until it returns.
+///
+/// Texts end with NUL; a sender's are not null unless the event says so: a null one is left out, and the
+/// receiver misreads what follows. Numbers mean what the service defines.
 class ACCESSORY_EXPORT IAppleiAP2ManagerNotifier : public android::IInterface {
   public:
     DECLARE_META_INTERFACE(AppleiAP2ManagerNotifier)
@@ -250,6 +253,12 @@ class ACCESSORY_EXPORT AppleiAP2ManagerNotifierImplItf : public virtual android:
   public:
     ~AppleiAP2ManagerNotifierImplItf() override;
 
+    /// @name Events
+    /// @{
+
+    /// Takes the event of IAppleiAP2ManagerNotifier that has the same name, where its arguments are told.
+    /// They are borrowed until it returns.
+    /// @return 0, or an error, which the service logs.
     virtual int notify(unsigned int accId, unsigned int event) = 0;
     virtual int attach(unsigned int accId) = 0;
     virtual int detach(unsigned int accId) = 0;
@@ -306,6 +315,8 @@ class ACCESSORY_EXPORT AppleiAP2ManagerNotifierImplItf : public virtual android:
     virtual int DestinationInformation(unsigned int accId, const DestinationInfo* info) = 0;
     virtual int AssistiveTouchInformation(unsigned int accId, bool enabled) = 0;
     virtual int CarPlayMatchedDigitalCarKeys(unsigned int accId, std::vector<std::string>& keys) = 0;
+
+    /// @}
 };
 
 /// The client's side: takes events apart and hands them to the implementation.

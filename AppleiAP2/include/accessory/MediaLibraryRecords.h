@@ -29,15 +29,23 @@ class EntryMemory;
 /// makes or releases a single one need not know.
 class ACCESSORY_EXPORT BroughtInNumbers {
   public:
+    /// @name Allocation
+    /// @{
+
+    /// Takes and gives back the memory of one entry: of its own, or within @p memory, which the reader of an
+    /// update has.
     static void* operator new(size_t bytes);
     static void operator delete(void* entry);
     static void* operator new(size_t bytes, EntryMemory& memory);
     static void operator delete(void* entry, EntryMemory& memory);
+
+    /// @}
 };
 
 /// Which fields a media item has, or a client asks for. Bit 20 belongs to no field.
 class ACCESSORY_EXPORT MediaItemMask : public virtual android::RefBase, public BroughtInNumbers {
   public:
+    /// Each is the presence of the field whose getter has its name.
     enum Bit : uint32_t {
         kId = 1u << 0,
         kTitle = 1u << 1,
@@ -70,12 +78,13 @@ class ACCESSORY_EXPORT MediaItemMask : public virtual android::RefBase, public B
 
     ~MediaItemMask() override;
 
-    uint32_t mask = 0;
+    uint32_t mask = 0;  ///< of the bits above
 };
 
 /// Which fields a playlist has, or a client asks for.
 class ACCESSORY_EXPORT MediaPlaylistMask : public virtual android::RefBase {
   public:
+    /// Each is the presence of the field whose getter has its name.
     enum Bit : uint32_t {
         kId = 1u << 0,
         kName = 1u << 1,
@@ -88,13 +97,14 @@ class ACCESSORY_EXPORT MediaPlaylistMask : public virtual android::RefBase {
 
     ~MediaPlaylistMask() override;
 
-    uint32_t mask = 0;
+    uint32_t mask = 0;  ///< of the bits above
 };
 
 /// Which fields a library update has, or a client asks for. The group list travels whatever its four bits
 /// say.
 class ACCESSORY_EXPORT MediaLibDataMask : public virtual android::RefBase {
   public:
+    /// Each is the presence of the field whose getter has its name.
     enum Bit : uint32_t {
         kId = 1u << 0,
         kRevision = 1u << 1,
@@ -110,62 +120,63 @@ class ACCESSORY_EXPORT MediaLibDataMask : public virtual android::RefBase {
 
     ~MediaLibDataMask() override;
 
-    uint32_t mask = 0;
+    uint32_t mask = 0;  ///< of the bits above
 };
 
-/// One entry of a library update. @ref type says which of the four classes below it is.
+/// One entry of a library update. #type says which of the four classes below it is.
 class ACCESSORY_EXPORT iAP2MediaLibGroupData : public virtual android::RefBase {
   public:
+    /// What an entry is.
     enum Kind : int32_t { kItem, kPlaylist, kDeletedItem, kDeletedPlaylist };
 
     ~iAP2MediaLibGroupData() override;
 
-    int32_t type;
+    int32_t type;  ///< a Kind, or another number: an entry of which only the type is sent
 
   protected:
     /// @param kind a Kind, or another number for an entry of which only the type is sent.
     explicit iAP2MediaLibGroupData(int32_t kind) : type(kind) {}
 };
 
-/// A song, film, episode or the like.
+/// A song, film, episode or the like. Units and value sets are the device's.
 class ACCESSORY_EXPORT iAP2MediaItem : public iAP2MediaLibGroupData {
   public:
     iAP2MediaItem() : iAP2MediaLibGroupData(kItem) {}
     ~iAP2MediaItem() override;
-    virtual uint32_t getMask() const = 0;
-    virtual uint64_t getId() const = 0;  ///< persistent identifier of the item
-    virtual const char* getTitle() const = 0;
-    virtual int32_t getMediaType() const = 0;
-    virtual int32_t getRating() const = 0;
-    virtual int32_t getPlaybackDuration() const = 0;
-    virtual uint64_t getAlbumId() const = 0;
-    virtual const char* getAlbumTitle() const = 0;
-    virtual int32_t getAlbumTrackNumber() const = 0;
-    virtual int32_t getAlbumTrackCount() const = 0;
-    virtual int32_t getAlbumDiscNumber() const = 0;
-    virtual int32_t getAlbumDiscCount() const = 0;
-    virtual uint64_t getArtistId() const = 0;
-    virtual const char* getArtist() const = 0;
-    virtual uint64_t getAlbumArtistId() const = 0;
-    virtual const char* getAlbumArtist() const = 0;
-    virtual uint64_t getGenreId() const = 0;
-    virtual const char* getGenre() const = 0;
-    virtual uint64_t getComposerId() const = 0;
-    virtual const char* getComposer() const = 0;
-    virtual int32_t getIsPartOfCompilation() const = 0;    ///< 0 or 1
-    virtual int32_t getIsLikeSupport() const = 0;          ///< 0 or 1
-    virtual int32_t getIsBanSupport() const = 0;           ///< 0 or 1
+    virtual uint32_t getMask() const = 0;                  ///< the bits of the fields that are present
+    virtual uint64_t getId() const = 0;                    ///< persistent identifier of the item
+    virtual const char* getTitle() const = 0;              ///< of the item
+    virtual int32_t getMediaType() const = 0;              ///< what kind of medium it is
+    virtual int32_t getRating() const = 0;                 ///< what its owner gave it
+    virtual int32_t getPlaybackDuration() const = 0;       ///< how long it plays
+    virtual uint64_t getAlbumId() const = 0;               ///< persistent identifier of its album
+    virtual const char* getAlbumTitle() const = 0;         ///< of its album
+    virtual int32_t getAlbumTrackNumber() const = 0;       ///< its place on its disc
+    virtual int32_t getAlbumTrackCount() const = 0;        ///< how many tracks its disc has
+    virtual int32_t getAlbumDiscNumber() const = 0;        ///< which of the album's discs it is on
+    virtual int32_t getAlbumDiscCount() const = 0;         ///< how many discs its album has
+    virtual uint64_t getArtistId() const = 0;              ///< persistent identifier of who plays it
+    virtual const char* getArtist() const = 0;             ///< who plays it
+    virtual uint64_t getAlbumArtistId() const = 0;         ///< persistent identifier of whose album it is
+    virtual const char* getAlbumArtist() const = 0;        ///< whose album it is
+    virtual uint64_t getGenreId() const = 0;               ///< persistent identifier of its genre
+    virtual const char* getGenre() const = 0;              ///< name of its genre
+    virtual uint64_t getComposerId() const = 0;            ///< persistent identifier of its composer
+    virtual const char* getComposer() const = 0;           ///< who wrote it
+    virtual int32_t getIsPartOfCompilation() const = 0;    ///< 0 or 1: its album is one of several artists
+    virtual int32_t getIsLikeSupport() const = 0;          ///< 0 or 1: it can be liked
+    virtual int32_t getIsBanSupport() const = 0;           ///< 0 or 1: it can be banned
     virtual int32_t getIsLiked() const = 0;                ///< 0 or 1
     virtual int32_t getIsBanned() const = 0;               ///< 0 or 1
-    virtual int32_t getIsResidenOnDevice() const = 0;      ///< 0 or 1
+    virtual int32_t getIsResidenOnDevice() const = 0;      ///< 0 or 1: the device has it itself
     virtual int32_t getArtworkFileTransferId() const = 0;  ///< file transfer identifier of the artwork
-    virtual int32_t getChapterCount() const = 0;
+    virtual int32_t getChapterCount() const = 0;           ///< how many chapters it has
 };
 
 /// A media item that can be built and sent.
 class ACCESSORY_EXPORT IiAP2MediaItem : public iAP2MediaItem, public BroughtInNumbers {
   public:
-    using Mask = MediaItemMask;
+    using Mask = MediaItemMask;  ///< names the bits
 
     IiAP2MediaItem();
     /// An item of an update that is being read; its mask lies in @p memory too.
@@ -207,7 +218,10 @@ class ACCESSORY_EXPORT IiAP2MediaItem : public iAP2MediaItem, public BroughtInNu
     int32_t getArtworkFileTransferId() const override { return mArtworkFileTransferId; }
     int32_t getChapterCount() const override { return mChapterCount; }
 
-    /// Each stores the value and marks the field present. Strings are borrowed, see above; they must not be
+    /// @name Setters
+    /// @{
+
+    /// Stores the value and marks the field present. Strings are borrowed, see above; they must not be
     /// null.
     IiAP2MediaItem& setId(uint64_t value) { return set(Mask::kId, mId, value); }
     IiAP2MediaItem& setTitle(const char* value) { return set(Mask::kTitle, mTitle, value); }
@@ -257,7 +271,14 @@ class ACCESSORY_EXPORT IiAP2MediaItem : public iAP2MediaItem, public BroughtInNu
     }
     IiAP2MediaItem& setChapterCount(int32_t value) { return set(Mask::kChapterCount, mChapterCount, value); }
 
+    /// @}
+
     android::sp<MediaItemMask> mMask;  ///< never null
+
+    /// @name Fields
+    /// @{
+
+    /// What the getter of the same name gives; 0 or null while absent.
     uint64_t mId = 0;
     const char* mTitle = nullptr;
     int32_t mMediaType = 0;
@@ -286,6 +307,8 @@ class ACCESSORY_EXPORT IiAP2MediaItem : public iAP2MediaItem, public BroughtInNu
     int32_t mArtworkFileTransferId = 0;
     int32_t mChapterCount = 0;
 
+    /// @}
+
   private:
     template <typename T>
     IiAP2MediaItem& set(uint32_t bit, T& field, T value) {
@@ -300,20 +323,21 @@ class ACCESSORY_EXPORT iAP2MediaPlaylist : public iAP2MediaLibGroupData {
   public:
     iAP2MediaPlaylist() : iAP2MediaLibGroupData(kPlaylist) {}
     ~iAP2MediaPlaylist() override;
-    virtual uint32_t getMask() const = 0;
-    virtual uint64_t getId() const = 0;  ///< persistent identifier of the playlist
-    virtual const char* getName() const = 0;
-    virtual uint64_t getParentId() const = 0;             ///< identifier of the parent playlist (folder)
-    virtual int32_t getIsGeniusMix() const = 0;           ///< 0 or 1
-    virtual int32_t getIsFolder() const = 0;              ///< 0 or 1
-    virtual int32_t getContainedMediaItems() const = 0;   ///< file transfer identifier
+    virtual uint32_t getMask() const = 0;        ///< the bits of the fields that are present
+    virtual uint64_t getId() const = 0;          ///< persistent identifier of the playlist
+    virtual const char* getName() const = 0;     ///< of the playlist
+    virtual uint64_t getParentId() const = 0;    ///< identifier of the parent playlist (folder)
+    virtual int32_t getIsGeniusMix() const = 0;  ///< 0 or 1
+    virtual int32_t getIsFolder() const = 0;     ///< 0 or 1: it holds playlists
+    /// File transfer identifier of the list of its items.
+    virtual int32_t getContainedMediaItems() const = 0;
     virtual int32_t getIsiTunesRadioStation() const = 0;  ///< 0 or 1
 };
 
 /// A playlist that can be built and sent.
 class ACCESSORY_EXPORT IiAP2MediaPlaylist : public iAP2MediaPlaylist {
   public:
-    using Mask = MediaPlaylistMask;
+    using Mask = MediaPlaylistMask;  ///< names the bits
 
     IiAP2MediaPlaylist();
     ~IiAP2MediaPlaylist() override;
@@ -333,7 +357,10 @@ class ACCESSORY_EXPORT IiAP2MediaPlaylist : public iAP2MediaPlaylist {
     int32_t getContainedMediaItems() const override { return mContainedMediaItems; }
     int32_t getIsiTunesRadioStation() const override { return mIsiTunesRadioStation; }
 
-    /// Each stores the value and marks the field present. Strings are borrowed, see above; they must not be
+    /// @name Setters
+    /// @{
+
+    /// Stores the value and marks the field present. Strings are borrowed, see above; they must not be
     /// null.
     IiAP2MediaPlaylist& setId(uint64_t value) { return set(Mask::kId, mId, value); }
     IiAP2MediaPlaylist& setName(const char* value) { return set(Mask::kName, mName, value); }
@@ -347,7 +374,14 @@ class ACCESSORY_EXPORT IiAP2MediaPlaylist : public iAP2MediaPlaylist {
         return set(Mask::kIsiTunesRadioStation, mIsiTunesRadioStation, value);
     }
 
+    /// @}
+
     android::sp<MediaPlaylistMask> mMask;  ///< never null
+
+    /// @name Fields
+    /// @{
+
+    /// What the getter of the same name gives; 0 or null while absent.
     uint64_t mId = 0;
     const char* mName = nullptr;
     uint64_t mParentId = 0;
@@ -355,6 +389,8 @@ class ACCESSORY_EXPORT IiAP2MediaPlaylist : public iAP2MediaPlaylist {
     int32_t mIsFolder = 0;
     int32_t mContainedMediaItems = 0;
     int32_t mIsiTunesRadioStation = 0;
+
+    /// @}
 
   private:
     template <typename T>
@@ -370,7 +406,7 @@ class ACCESSORY_EXPORT iAP2MediaItemDelId : public iAP2MediaLibGroupData {
   public:
     iAP2MediaItemDelId() : iAP2MediaLibGroupData(kDeletedItem) {}
     ~iAP2MediaItemDelId() override;
-    virtual uint64_t getDelId() const = 0;
+    virtual uint64_t getDelId() const = 0;  ///< persistent identifier of the item
 };
 
 /// A deleted item that can be built and sent, as an entry of a library update.
@@ -383,12 +419,13 @@ class ACCESSORY_EXPORT IiAP2MediaItemDelId : public iAP2MediaItemDelId {
     static android::sp<IiAP2MediaItemDelId> FromParcel(const android::Parcel& parcel);
 
     uint64_t getDelId() const override { return mDelId; }
+    /// Stores the identifier.
     IiAP2MediaItemDelId& setDelId(uint64_t delId) {
         mDelId = delId;
         return *this;
     }
 
-    uint64_t mDelId = 0;
+    uint64_t mDelId = 0;  ///< what getDelId() gives
 };
 
 /// The identifier of a playlist that was deleted from the library.
@@ -396,7 +433,7 @@ class ACCESSORY_EXPORT iAP2MediaPlaylistDelId : public iAP2MediaLibGroupData {
   public:
     iAP2MediaPlaylistDelId() : iAP2MediaLibGroupData(kDeletedPlaylist) {}
     ~iAP2MediaPlaylistDelId() override;
-    virtual uint64_t getDelId() const = 0;
+    virtual uint64_t getDelId() const = 0;  ///< persistent identifier of the playlist
 };
 
 /// A deleted playlist that can be built and sent, as an entry of a library update.
@@ -409,26 +446,27 @@ class ACCESSORY_EXPORT IiAP2MediaPlaylistDelId : public iAP2MediaPlaylistDelId {
     static android::sp<IiAP2MediaPlaylistDelId> FromParcel(const android::Parcel& parcel);
 
     uint64_t getDelId() const override { return mDelId; }
+    /// Stores the identifier.
     IiAP2MediaPlaylistDelId& setDelId(uint64_t delId) {
         mDelId = delId;
         return *this;
     }
 
-    uint64_t mDelId = 0;
+    uint64_t mDelId = 0;  ///< what getDelId() gives
 };
 
 /// One update of the media library.
 class ACCESSORY_EXPORT iAP2MediaLibData : public virtual android::RefBase {
   public:
     ~iAP2MediaLibData() override;
-    virtual uint32_t getMask() const = 0;
-    virtual const char* getId() const = 0;        ///< unique identifier of the media library
-    virtual const char* getRevision() const = 0;  ///< library revision after this update
-    virtual int32_t getGroupDataCount() const = 0;
+    virtual uint32_t getMask() const = 0;           ///< the bits of the fields that are present
+    virtual const char* getId() const = 0;          ///< unique identifier of the media library
+    virtual const char* getRevision() const = 0;    ///< library revision after this update
+    virtual int32_t getGroupDataCount() const = 0;  ///< how many entries getGroupData() has
     /// @param index below getGroupDataCount(); not checked.
     virtual android::sp<iAP2MediaLibGroupData> getGroupData(unsigned int index) const = 0;
-    virtual uint8_t getMediaLibReset() const = 0;  ///< 0 or 1
-    virtual uint8_t getUpdateProgress() const = 0;
+    virtual uint8_t getMediaLibReset() const = 0;        ///< 0 or 1: what was known before is to be forgotten
+    virtual uint8_t getUpdateProgress() const = 0;       ///< how far the updates are
     virtual uint8_t getIsHidingRemoteItems() const = 0;  ///< 0 or 1
     virtual uint8_t getPlayAllSongCapable() const = 0;   ///< 0 or 1
 };
@@ -436,7 +474,7 @@ class ACCESSORY_EXPORT iAP2MediaLibData : public virtual android::RefBase {
 /// A library update that can be built and sent.
 class ACCESSORY_EXPORT IiAP2MediaLibData : public iAP2MediaLibData {
   public:
-    using Mask = MediaLibDataMask;
+    using Mask = MediaLibDataMask;  ///< names the bits
 
     IiAP2MediaLibData();
     ~IiAP2MediaLibData() override;
@@ -463,7 +501,10 @@ class ACCESSORY_EXPORT IiAP2MediaLibData : public iAP2MediaLibData {
     uint8_t getIsHidingRemoteItems() const override { return mIsHidingRemoteItems; }
     uint8_t getPlayAllSongCapable() const override { return mPlayAllSongCapable; }
 
-    /// Each stores the value and marks the field present. Strings are borrowed, see above; they must not be
+    /// @name Setters
+    /// @{
+
+    /// Stores the value and marks the field present. Strings are borrowed, see above; they must not be
     /// null.
     IiAP2MediaLibData& setId(const char* value) { return set(Mask::kId, mId, value); }
     IiAP2MediaLibData& setRevision(const char* value) { return set(Mask::kRevision, mRevision, value); }
@@ -482,7 +523,14 @@ class ACCESSORY_EXPORT IiAP2MediaLibData : public iAP2MediaLibData {
         return set(Mask::kPlayAllSongCapable, mPlayAllSongCapable, value);
     }
 
+    /// @}
+
     android::sp<MediaLibDataMask> mMask;  ///< never null
+
+    /// @name Fields
+    /// @{
+
+    /// What the getter of the same name gives; 0 or null while absent.
     const char* mId = nullptr;
     const char* mRevision = nullptr;
     android::Vector<android::sp<iAP2MediaLibGroupData>> mGroupData;
@@ -490,6 +538,8 @@ class ACCESSORY_EXPORT IiAP2MediaLibData : public iAP2MediaLibData {
     uint8_t mUpdateProgress = 0;
     uint8_t mIsHidingRemoteItems = 0;
     uint8_t mPlayAllSongCapable = 0;
+
+    /// @}
 
   private:
     template <typename T>
@@ -506,10 +556,13 @@ class ACCESSORY_EXPORT MediaLibUpdateInfo : public virtual android::RefBase {
   public:
     ~MediaLibUpdateInfo() override;
 
-    const char* mFirstText = nullptr;
-    const char* mSecondText = nullptr;
-    int32_t mValues[5] = {};
+    const char* mFirstText = nullptr;   ///< the text "-1" arrives as null
+    const char* mSecondText = nullptr;  ///< the text "-1" arrives as null
+    int32_t mValues[5] = {};            ///< in the order in which they are sent
 };
+
+/// @name For people
+/// @{
 
 /// The record for a reader: its name and the fields that are present, e.g.
 /// `iAP2MediaItem{id: 7, title: "Blue"}`.
@@ -521,5 +574,7 @@ ACCESSORY_EXPORT std::string toString(const iAP2MediaPlaylistDelId& record);
 ACCESSORY_EXPORT std::string toString(const iAP2MediaLibGroupData& record);
 ACCESSORY_EXPORT std::string toString(const iAP2MediaLibData& record);
 ACCESSORY_EXPORT std::string toString(const MediaLibUpdateInfo& record);
+
+/// @}
 
 }  // namespace accessory

@@ -18,6 +18,7 @@ namespace accessory {
 /// Which fields an item attribute record has, or a client asks for. Other bits belong to no field.
 class ACCESSORY_EXPORT iAP2ItemAttributeMask : public virtual android::RefBase {
   public:
+    /// Each is the presence of the field whose getter has its name.
     enum Bit : uint32_t {
         kID = 1u << 0,
         kTitle = 1u << 1,
@@ -40,12 +41,13 @@ class ACCESSORY_EXPORT iAP2ItemAttributeMask : public virtual android::RefBase {
 
     ~iAP2ItemAttributeMask() override;
 
-    uint32_t mask = 0;
+    uint32_t mask = 0;  ///< of the bits above
 };
 
 /// Which fields a playback record has, or a client asks for.
 class ACCESSORY_EXPORT iAP2MediaPlaybackMask : public virtual android::RefBase {
   public:
+    /// Each is the presence of the field whose getter has its name.
     enum Bit : uint32_t {
         kStats = 1u << 0,
         kElaspedTime = 1u << 1,
@@ -68,37 +70,37 @@ class ACCESSORY_EXPORT iAP2MediaPlaybackMask : public virtual android::RefBase {
 
     ~iAP2MediaPlaybackMask() override;
 
-    uint32_t mask = 0;
+    uint32_t mask = 0;  ///< of the bits above
 };
 
-/// The attributes of the item that is playing.
+/// The attributes of the item that is playing. Units and value sets, where not said here, are the device's.
 class ACCESSORY_EXPORT iAP2ItemAttribute : public virtual android::RefBase {
   public:
     ~iAP2ItemAttribute() override;
-    virtual uint32_t getMask() const = 0;
-    virtual uint64_t getID() const = 0;  ///< persistent identifier of the item
-    virtual const char* getTitle() const = 0;
-    virtual int32_t getDurationInMillSec() const = 0;  ///< playback duration in milliseconds
-    virtual const char* getAlbumTitle() const = 0;
-    virtual int32_t getAlbumTrackNum() const = 0;
-    virtual int32_t getAlbumTrackCount() const = 0;
-    virtual int32_t getAlbumDiskNum() const = 0;
-    virtual int32_t getAlbumDiskCount() const = 0;
-    virtual const char* getArtist() const = 0;
-    virtual const char* getGenre() const = 0;
-    virtual const char* getComposer() const = 0;
-    virtual int32_t getIsLikeSupported() const = 0;        ///< 0 or 1
-    virtual int32_t getIsBanSupported() const = 0;         ///< 0 or 1
+    virtual uint32_t getMask() const = 0;                  ///< the bits of the fields that are present
+    virtual uint64_t getID() const = 0;                    ///< persistent identifier of the item
+    virtual const char* getTitle() const = 0;              ///< of the item
+    virtual int32_t getDurationInMillSec() const = 0;      ///< playback duration in milliseconds
+    virtual const char* getAlbumTitle() const = 0;         ///< of its album
+    virtual int32_t getAlbumTrackNum() const = 0;          ///< its place on its disc
+    virtual int32_t getAlbumTrackCount() const = 0;        ///< how many tracks its disc has
+    virtual int32_t getAlbumDiskNum() const = 0;           ///< which of the album's discs it is on
+    virtual int32_t getAlbumDiskCount() const = 0;         ///< how many discs its album has
+    virtual const char* getArtist() const = 0;             ///< who plays it
+    virtual const char* getGenre() const = 0;              ///< name of its genre
+    virtual const char* getComposer() const = 0;           ///< who wrote it
+    virtual int32_t getIsLikeSupported() const = 0;        ///< 0 or 1: it can be liked
+    virtual int32_t getIsBanSupported() const = 0;         ///< 0 or 1: it can be banned
     virtual int32_t getIsLiked() const = 0;                ///< 0 or 1
     virtual int32_t getIsBanned() const = 0;               ///< 0 or 1
     virtual int32_t getArtWorkFileTransferID() const = 0;  ///< file transfer identifier of the artwork
-    virtual int32_t getChapterCount() const = 0;
+    virtual int32_t getChapterCount() const = 0;           ///< how many chapters it has
 };
 
 /// Item attributes that can be built and sent.
 class ACCESSORY_EXPORT IiAP2ItemAttribute : public iAP2ItemAttribute {
   public:
-    using Mask = iAP2ItemAttributeMask;
+    using Mask = iAP2ItemAttributeMask;  ///< names the bits
 
     IiAP2ItemAttribute();
     ~IiAP2ItemAttribute() override;
@@ -129,7 +131,10 @@ class ACCESSORY_EXPORT IiAP2ItemAttribute : public iAP2ItemAttribute {
     int32_t getArtWorkFileTransferID() const override { return mArtWorkFileTransferID; }
     int32_t getChapterCount() const override { return mChapterCount; }
 
-    /// Each stores the value and marks the field present. Strings are borrowed; null ones are sent as such.
+    /// @name Setters
+    /// @{
+
+    /// Stores the value and marks the field present. Strings are borrowed; null ones are sent as such.
     IiAP2ItemAttribute& setID(uint64_t value) { return set(Mask::kID, mID, value); }
     IiAP2ItemAttribute& setTitle(const char* value) { return set(Mask::kTitle, mTitle, value); }
     IiAP2ItemAttribute& setDurationInMillSec(int32_t value) {
@@ -168,7 +173,14 @@ class ACCESSORY_EXPORT IiAP2ItemAttribute : public iAP2ItemAttribute {
         return set(Mask::kChapterCount, mChapterCount, value);
     }
 
+    /// @}
+
     android::sp<iAP2ItemAttributeMask> mMask;  ///< never null
+
+    /// @name Fields
+    /// @{
+
+    /// What the getter of the same name gives; 0 or null while absent.
     uint64_t mID = 0;
     const char* mTitle = nullptr;
     int32_t mDurationInMillSec = 0;
@@ -187,6 +199,8 @@ class ACCESSORY_EXPORT IiAP2ItemAttribute : public iAP2ItemAttribute {
     int32_t mArtWorkFileTransferID = 0;
     int32_t mChapterCount = 0;
 
+    /// @}
+
   private:
     template <typename T>
     IiAP2ItemAttribute& set(uint32_t bit, T& field, T value) {
@@ -196,35 +210,35 @@ class ACCESSORY_EXPORT IiAP2ItemAttribute : public iAP2ItemAttribute {
     }
 };
 
-/// The state of the player.
+/// The state of the player. Units and value sets are the device's.
 class ACCESSORY_EXPORT iAP2MediaPlayback : public virtual android::RefBase {
   public:
     ~iAP2MediaPlayback() override;
-    virtual uint32_t getMask() const = 0;
-    virtual int32_t getstats() const = 0;        ///< playback status
-    virtual int32_t getElaspedTime() const = 0;  ///< elapsed time of the current item
-    virtual int32_t getQueueIndex() const = 0;
-    virtual int32_t getQueueCount() const = 0;
-    virtual int32_t getQueueChapterIndex() const = 0;
+    virtual uint32_t getMask() const = 0;                  ///< the bits of the fields that are present
+    virtual int32_t getstats() const = 0;                  ///< playback status
+    virtual int32_t getElaspedTime() const = 0;            ///< elapsed time of the current item
+    virtual int32_t getQueueIndex() const = 0;             ///< place of the current item in the queue
+    virtual int32_t getQueueCount() const = 0;             ///< how many items the queue has
+    virtual int32_t getQueueChapterIndex() const = 0;      ///< which of the item's chapters is playing
     virtual int32_t getShuffMode() const = 0;              ///< shuffle mode
     virtual int32_t getReapedMode() const = 0;             ///< repeat mode
     virtual const char* getAppName() const = 0;            ///< name of the playing application
     virtual const char* getLibraryUniqueldID() const = 0;  ///< unique identifier of the media library in use
     virtual int32_t getRaidoAd() const = 0;                ///< 0 or 1: a radio advertisement is playing
-    virtual const char* getRadioStationName() const = 0;
+    virtual const char* getRadioStationName() const = 0;   ///< of the station that is playing
     virtual uint64_t getRadioMediaPlayListID() const = 0;  ///< identifier of the radio station's playlist
-    virtual int32_t getPlaybackSpeedValue() const = 0;
-    virtual int32_t getSetElapsedTimeAvailable() const = 0;  ///< 0 or 1
-    virtual int32_t getPlaybackQueueListAvail() const = 0;   ///< 0 or 1
-    virtual int32_t getPlaybackQueueListTransferID()
-        const = 0;                                           ///< file transfer identifier of the queue list
+    virtual int32_t getPlaybackSpeedValue() const = 0;     ///< how fast it plays
+    virtual int32_t getSetElapsedTimeAvailable() const = 0;  ///< 0 or 1: the elapsed time can be set
+    virtual int32_t getPlaybackQueueListAvail() const = 0;   ///< 0 or 1: the queue can be fetched
+    /// File transfer identifier of the queue list.
+    virtual int32_t getPlaybackQueueListTransferID() const = 0;
     virtual const char* getPlaybackAppBundkeID() const = 0;  ///< bundle identifier of the playing application
 };
 
 /// A player state that can be built and sent.
 class ACCESSORY_EXPORT IiAP2MediaPlayback : public iAP2MediaPlayback {
   public:
-    using Mask = iAP2MediaPlaybackMask;
+    using Mask = iAP2MediaPlaybackMask;  ///< names the bits
 
     IiAP2MediaPlayback();
     ~IiAP2MediaPlayback() override;
@@ -256,7 +270,10 @@ class ACCESSORY_EXPORT IiAP2MediaPlayback : public iAP2MediaPlayback {
     int32_t getPlaybackQueueListTransferID() const override { return mPlaybackQueueListTransferID; }
     const char* getPlaybackAppBundkeID() const override { return mPlaybackAppBundkeID; }
 
-    /// Each stores the value and marks the field present. Strings are borrowed; they must not be null.
+    /// @name Setters
+    /// @{
+
+    /// Stores the value and marks the field present. Strings are borrowed; they must not be null.
     IiAP2MediaPlayback& setstats(int32_t value) { return set(Mask::kStats, mStats, value); }
     IiAP2MediaPlayback& setElaspedTime(int32_t value) { return set(Mask::kElaspedTime, mElaspedTime, value); }
     IiAP2MediaPlayback& setQueueIndex(int32_t value) { return set(Mask::kQueueIndex, mQueueIndex, value); }
@@ -293,7 +310,14 @@ class ACCESSORY_EXPORT IiAP2MediaPlayback : public iAP2MediaPlayback {
         return set(Mask::kPlaybackAppBundkeID, mPlaybackAppBundkeID, value);
     }
 
+    /// @}
+
     android::sp<iAP2MediaPlaybackMask> mMask;  ///< never null
+
+    /// @name Fields
+    /// @{
+
+    /// What the getter of the same name gives; 0 or null while absent.
     int32_t mStats = 0;
     int32_t mElaspedTime = 0;
     int32_t mQueueIndex = 0;
@@ -312,6 +336,8 @@ class ACCESSORY_EXPORT IiAP2MediaPlayback : public iAP2MediaPlayback {
     int32_t mPlaybackQueueListTransferID = 0;
     const char* mPlaybackAppBundkeID = nullptr;
 
+    /// @}
+
   private:
     template <typename T>
     IiAP2MediaPlayback& set(uint32_t bit, T& field, T value) {
@@ -321,9 +347,14 @@ class ACCESSORY_EXPORT IiAP2MediaPlayback : public iAP2MediaPlayback {
     }
 };
 
+/// @name For people
+/// @{
+
 /// The record for a reader: its name and the fields that are present, e.g.
 /// `iAP2MediaPlayback{queueIndex: 3}`.
 ACCESSORY_EXPORT std::string toString(const iAP2ItemAttribute& record);
 ACCESSORY_EXPORT std::string toString(const iAP2MediaPlayback& record);
+
+/// @}
 
 }  // namespace accessory

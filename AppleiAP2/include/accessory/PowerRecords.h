@@ -18,6 +18,7 @@ namespace accessory {
 /// Which fields a power update has, or a client asks for.
 class ACCESSORY_EXPORT iAP2PowerUpdateMask : public virtual android::RefBase {
   public:
+    /// Each is the presence of the field whose getter has its name.
     enum Bit : uint32_t {
         kCurrentFromAccessory = 1u << 0,
         kChargeIsPresent = 1u << 1,
@@ -29,17 +30,17 @@ class ACCESSORY_EXPORT iAP2PowerUpdateMask : public virtual android::RefBase {
 
     ~iAP2PowerUpdateMask() override;
 
-    uint32_t mask = 0;
+    uint32_t mask = 0;  ///< of the bits above
 };
 
-/// One power update of the device.
+/// One power update of the device. Units and value sets are the device's.
 class ACCESSORY_EXPORT iAP2PowerUpdate : public virtual android::RefBase {
   public:
-    virtual uint32_t getMask() const = 0;
+    virtual uint32_t getMask() const = 0;                 ///< the bits of the fields that are present
     virtual int32_t getCurrentFromAccessory() const = 0;  ///< current drawn from the accessory
     virtual int32_t getChargeIsPresent() const = 0;  ///< 0 or 1: the battery will charge if power is present
     virtual int32_t getPowerMode() const = 0;        ///< accessory power mode
-    virtual int32_t getExternalChargeConnected() const = 0;  ///< 0 or 1
+    virtual int32_t getExternalChargeConnected() const = 0;  ///< 0 or 1: another charger is connected
     virtual int32_t getChargeState() const = 0;              ///< battery charging state
     virtual int32_t getChargeLevel() const = 0;              ///< battery charge level
 
@@ -50,7 +51,7 @@ class ACCESSORY_EXPORT iAP2PowerUpdate : public virtual android::RefBase {
 /// A power update that can be built and sent.
 class ACCESSORY_EXPORT IiAP2PowerUpdate : public iAP2PowerUpdate {
   public:
-    using Mask = iAP2PowerUpdateMask;
+    using Mask = iAP2PowerUpdateMask;  ///< names the bits
 
     IiAP2PowerUpdate();
     ~IiAP2PowerUpdate() override;
@@ -69,7 +70,10 @@ class ACCESSORY_EXPORT IiAP2PowerUpdate : public iAP2PowerUpdate {
     int32_t getChargeState() const override { return mChargeState; }
     int32_t getChargeLevel() const override { return mChargeLevel; }
 
-    /// Each stores the value and marks the field present.
+    /// @name Setters
+    /// @{
+
+    /// Stores the value and marks the field present.
     IiAP2PowerUpdate& setCurrentFromAccessory(int32_t value) {
         return set(Mask::kCurrentFromAccessory, mCurrentFromAccessory, value);
     }
@@ -83,13 +87,22 @@ class ACCESSORY_EXPORT IiAP2PowerUpdate : public iAP2PowerUpdate {
     IiAP2PowerUpdate& setChargeState(int32_t value) { return set(Mask::kChargeState, mChargeState, value); }
     IiAP2PowerUpdate& setChargeLevel(int32_t value) { return set(Mask::kChargeLevel, mChargeLevel, value); }
 
+    /// @}
+
     android::sp<iAP2PowerUpdateMask> mMask;  ///< never null
+
+    /// @name Fields
+    /// @{
+
+    /// What the getter of the same name gives; 0 or null while absent.
     int32_t mCurrentFromAccessory = 0;
     int32_t mChargeIsPresent = 0;
     int32_t mPowerMode = 0;
     int32_t mExternalChargeConnected = 0;
     int32_t mChargeState = 0;
     int32_t mChargeLevel = 0;
+
+    /// @}
 
   private:
     template <typename T>

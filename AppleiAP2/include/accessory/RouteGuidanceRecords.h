@@ -20,6 +20,7 @@ namespace accessory {
 /// The overall state of the guidance. Units and value sets are the device's.
 class ACCESSORY_EXPORT RouteGuidaceUpdateInfo : public virtual android::RefBase {
   public:
+    /// Each is the presence of the field whose getter has its name.
     enum Bit : uint32_t {
         kDisplayID = 1u << 0,
         kRouteGuidanceState = 1u << 1,
@@ -46,31 +47,37 @@ class ACCESSORY_EXPORT RouteGuidaceUpdateInfo : public virtual android::RefBase 
     };
 
     ~RouteGuidaceUpdateInfo() override;
-    virtual uint32_t getMask() const = 0;
-    virtual uint32_t getDisplayIdCnt() const = 0;
-    virtual const uint16_t* getDisplayID() const = 0;  ///< display component identifiers
-    virtual int32_t getRouteGuidanceState() const = 0;
-    virtual int32_t getManeuverState() const = 0;
-    virtual const char* getCurrentRoadName() const = 0;
-    virtual const char* getDestinationName() const = 0;
-    virtual uint64_t getETA() const = 0;  ///< estimated time of arrival
-    virtual uint64_t getTimeRemainingToDestination() const = 0;
-    virtual int32_t getDisatnceRemaining() const = 0;
-    virtual const char* getDistanceRemainingDisplayStr() const = 0;
+    virtual uint32_t getMask() const = 0;                ///< the bits of the fields that are present
+    virtual uint32_t getDisplayIdCnt() const = 0;        ///< how many identifiers getDisplayID() has
+    virtual const uint16_t* getDisplayID() const = 0;    ///< display component identifiers
+    virtual int32_t getRouteGuidanceState() const = 0;   ///< whether there is a route, and how it goes
+    virtual int32_t getManeuverState() const = 0;        ///< state of the next maneuver
+    virtual const char* getCurrentRoadName() const = 0;  ///< the road that the vehicle is on
+    virtual const char* getDestinationName() const = 0;  ///< where the route leads
+    virtual uint64_t getETA() const = 0;                 ///< estimated time of arrival
+    virtual uint64_t getTimeRemainingToDestination() const = 0;      ///< until the arrival
+    virtual int32_t getDisatnceRemaining() const = 0;                ///< to the destination
+    virtual const char* getDistanceRemainingDisplayStr() const = 0;  ///< getDisatnceRemaining() for people
+    /// Unit of getDistanceRemainingDisplayStr().
     virtual int32_t getDistanceRemainingDisplayUints() const = 0;
-    virtual int32_t getDistanceToNextManeuver() const = 0;
+    virtual int32_t getDistanceToNextManeuver() const = 0;  ///< from here
+    /// getDistanceToNextManeuver() for people.
     virtual const char* getDistanceToNextManeuverDisplayStr() const = 0;
+    /// Unit of getDistanceToNextManeuverDisplayStr().
     virtual int32_t getDistanceToNextManeuverDisplayUnits() const = 0;
+    /// How many indices getRouteGuidanceManeuverCurrentList() has.
     virtual uint32_t getRouteGuidanceManeuverInCurrentListCnt() const = 0;
     virtual const uint16_t* getRouteGuidanceManeuverCurrentList() const = 0;  ///< maneuver indices
-    virtual uint16_t getRouteGuidanceManeuverCount() const = 0;
-    virtual uint16_t getRouteGuidanceVisiableInApp() const = 0;  ///< 0 or 1
-    virtual uint16_t getLaneGuidanceCurrentIndex() const = 0;
-    virtual uint16_t getLaneGuidanceTotalCount() const = 0;
-    virtual uint16_t getLaneGuidanceBeingShownInApp() const = 0;  ///< 0 or 1
-    virtual const char* getSourceName() const = 0;
-    virtual uint16_t getSourceSupportsRouteGuidance() const = 0;      ///< 0 or 1
-    virtual int16_t getDestinationTimeZoneOffsetMinutes() const = 0;  ///< signed minutes
+    virtual uint16_t getRouteGuidanceManeuverCount() const = 0;               ///< of the whole route
+    /// 0 or 1: an application of the device shows the guidance.
+    virtual uint16_t getRouteGuidanceVisiableInApp() const = 0;
+    virtual uint16_t getLaneGuidanceCurrentIndex() const = 0;     ///< which lane guidance holds now
+    virtual uint16_t getLaneGuidanceTotalCount() const = 0;       ///< how many lane guidances there are
+    virtual uint16_t getLaneGuidanceBeingShownInApp() const = 0;  ///< 0 or 1: as above
+    virtual const char* getSourceName() const = 0;                ///< the application that guides
+    /// 0 or 1: that application tells about its route.
+    virtual uint16_t getSourceSupportsRouteGuidance() const = 0;
+    virtual int16_t getDestinationTimeZoneOffsetMinutes() const = 0;  ///< minutes, signed
 };
 
 /// A guidance state that can be built and sent.
@@ -123,7 +130,10 @@ class ACCESSORY_EXPORT IRouteGuidaceUpdateInfo : public RouteGuidaceUpdateInfo {
     uint16_t getSourceSupportsRouteGuidance() const override { return mSourceSupportsRouteGuidance; }
     int16_t getDestinationTimeZoneOffsetMinutes() const override { return mDestinationTimeZoneOffsetMinutes; }
 
-    /// Each stores the value and marks the field present. Strings are borrowed and must not be null. Arrays
+    /// @name Setters
+    /// @{
+
+    /// Stores the value and marks the field present. Strings are borrowed and must not be null. Arrays
     /// are copied; when there is no memory for the copy the field becomes absent.
     IRouteGuidaceUpdateInfo& setDisplayID(const uint16_t* values, uint32_t count);
     IRouteGuidaceUpdateInfo& setRouteGuidanceState(int32_t value) {
@@ -184,7 +194,14 @@ class ACCESSORY_EXPORT IRouteGuidaceUpdateInfo : public RouteGuidaceUpdateInfo {
         return set(kDestinationTimeZoneOffsetMinutes, mDestinationTimeZoneOffsetMinutes, value);
     }
 
-    uint32_t mMask = 0;
+    /// @}
+
+    uint32_t mMask = 0;  ///< the bits of the fields that are present
+
+    /// @name Fields
+    /// @{
+
+    /// What the getter of the same name gives; 0 or null while absent.
     uint32_t mDisplayIdCnt = 0;
     uint16_t* mDisplayID = nullptr;
     int32_t mRouteGuidanceState = 0;
@@ -210,6 +227,8 @@ class ACCESSORY_EXPORT IRouteGuidaceUpdateInfo : public RouteGuidaceUpdateInfo {
     uint16_t mSourceSupportsRouteGuidance = 0;
     int16_t mDestinationTimeZoneOffsetMinutes = 0;
 
+    /// @}
+
   private:
     template <typename T>
     IRouteGuidaceUpdateInfo& set(uint32_t bit, T& field, T value) {
@@ -222,6 +241,7 @@ class ACCESSORY_EXPORT IRouteGuidaceUpdateInfo : public RouteGuidaceUpdateInfo {
 /// One maneuver of the route. Units and value sets are the device's.
 class ACCESSORY_EXPORT RuoteGuidanceManeuverUpdateInfo : public virtual android::RefBase {
   public:
+    /// Each is the presence of the field whose getter has its name.
     enum Bit : uint32_t {
         kRouteGuidanceDisplayComponentID = 1u << 0,
         kIndex = 1u << 1,
@@ -240,24 +260,28 @@ class ACCESSORY_EXPORT RuoteGuidanceManeuverUpdateInfo : public virtual android:
     };
 
     ~RuoteGuidanceManeuverUpdateInfo() override;
-    virtual uint32_t getMask() const = 0;
+    virtual uint32_t getMask() const = 0;  ///< the bits of the fields that are present
+    /// How many identifiers the next one has.
     virtual uint32_t getRouteGuidanceDisplayComponentIDCnt() const = 0;
-    virtual const uint16_t* getRouteGuidanceDisplayComponentID()
-        const = 0;                          ///< display component identifiers
-    virtual uint16_t getIndex() const = 0;  ///< index of the maneuver
-    virtual const char* getManeuverDescription() const = 0;
-    virtual int32_t getManeuverType() const = 0;
-    virtual const char* getAfterManeuverRoadName() const = 0;
-    virtual int32_t getDistanceBetweenManeuver() const = 0;
+    /// Display component identifiers.
+    virtual const uint16_t* getRouteGuidanceDisplayComponentID() const = 0;
+    virtual uint16_t getIndex() const = 0;                     ///< index of the maneuver
+    virtual const char* getManeuverDescription() const = 0;    ///< what to do, for people
+    virtual int32_t getManeuverType() const = 0;               ///< what to do
+    virtual const char* getAfterManeuverRoadName() const = 0;  ///< the road that it leads to
+    virtual int32_t getDistanceBetweenManeuver() const = 0;    ///< length of the way between them
+    /// getDistanceBetweenManeuver() for people.
     virtual const char* getDistanceBetweenManeuverDisplayStr() const = 0;
+    /// Unit of getDistanceBetweenManeuverDisplayStr().
     virtual int32_t getDistanceBetweenManeuverDisplayUnits() const = 0;
-    virtual int32_t getDrivingSide() const = 0;
-    virtual int32_t getJunctionType() const = 0;
+    virtual int32_t getDrivingSide() const = 0;   ///< on which side of the road one drives
+    virtual int32_t getJunctionType() const = 0;  ///< what kind of junction it is
+    /// How many angles getJunctionElementAngel() has.
     virtual uint32_t getJunctionElementAngelCnt() const = 0;
-    virtual const int16_t* getJunctionElementAngel() const = 0;  ///< angles of the junction's elements
-    virtual int16_t getJunctionElementExitAngel() const = 0;
+    virtual const int16_t* getJunctionElementAngel() const = 0;     ///< angles of the junction's elements
+    virtual int16_t getJunctionElementExitAngel() const = 0;        ///< angle of the road to take
     virtual uint16_t getLinkedLaneGuidanceInformation() const = 0;  ///< index of the linked lane guidance
-    virtual const char* getExitInfo() const = 0;
+    virtual const char* getExitInfo() const = 0;                    ///< number or name of the exit
 };
 
 /// A maneuver that can be built and sent.
@@ -302,7 +326,10 @@ class ACCESSORY_EXPORT IRuoteGuidanceManeuverUpdateInfo : public RuoteGuidanceMa
     uint16_t getLinkedLaneGuidanceInformation() const override { return mLinkedLaneGuidanceInformation; }
     const char* getExitInfo() const override { return mExitInfo; }
 
-    /// Each stores the value and marks the field present. Strings are borrowed and must not be null. Arrays
+    /// @name Setters
+    /// @{
+
+    /// Stores the value and marks the field present. Strings are borrowed and must not be null. Arrays
     /// are copied; when there is no memory for the copy the field becomes absent.
     IRuoteGuidanceManeuverUpdateInfo& setRouteGuidanceDisplayComponentID(const uint16_t* values,
                                                                          uint32_t count);
@@ -342,7 +369,14 @@ class ACCESSORY_EXPORT IRuoteGuidanceManeuverUpdateInfo : public RuoteGuidanceMa
         return set(kExitInfo, mExitInfo, value);
     }
 
-    uint32_t mMask = 0;
+    /// @}
+
+    uint32_t mMask = 0;  ///< the bits of the fields that are present
+
+    /// @name Fields
+    /// @{
+
+    /// What the getter of the same name gives; 0 or null while absent.
     uint32_t mRouteGuidanceDisplayComponentIDCnt = 0;
     uint16_t* mRouteGuidanceDisplayComponentID = nullptr;
     uint16_t mIndex = 0;
@@ -360,6 +394,8 @@ class ACCESSORY_EXPORT IRuoteGuidanceManeuverUpdateInfo : public RuoteGuidanceMa
     uint16_t mLinkedLaneGuidanceInformation = 0;
     const char* mExitInfo = nullptr;
 
+    /// @}
+
   private:
     template <typename T>
     IRuoteGuidanceManeuverUpdateInfo& set(uint32_t bit, T& field, T value) {
@@ -371,6 +407,7 @@ class ACCESSORY_EXPORT IRuoteGuidanceManeuverUpdateInfo : public RuoteGuidanceMa
 
 /// One lane. Its own mask says which of its fields are present.
 struct LaneInformation {
+    /// Each is the presence of the field that has its name.
     enum Bit : uint32_t {
         kLaneField0 = 1u << 0,
         kLaneField1 = 1u << 1,
@@ -378,17 +415,18 @@ struct LaneInformation {
         kLaneField3 = 1u << 3,
     };
 
-    uint32_t mask = 0;
-    uint16_t laneField0 = 0;
-    int32_t laneField1 = 0;
-    uint32_t laneAngleCnt = 0;
+    uint32_t mask = 0;             ///< the bits of the fields that are present
+    uint16_t laneField0 = 0;       ///< means what the device says
+    int32_t laneField1 = 0;        ///< means what the device says
+    uint32_t laneAngleCnt = 0;     ///< how many angles there are
     int16_t* laneAngle = nullptr;  ///< of a lane in a record: owned by the record
     uint16_t laneField3 = 0;       ///< travels sign-extended
 };
 
-/// The lanes at one point of the route.
+/// The lanes at one point of the route. Units and value sets are the device's.
 class ACCESSORY_EXPORT LaneGuidanceInfo : public virtual android::RefBase {
   public:
+    /// Each is the presence of the field whose getter has its name.
     enum Bit : uint32_t {
         kRouteGuidanceDisplayComponentID = 1u << 0,
         kLaneGuidanceIndex = 1u << 1,
@@ -397,14 +435,15 @@ class ACCESSORY_EXPORT LaneGuidanceInfo : public virtual android::RefBase {
     };
 
     ~LaneGuidanceInfo() override;
-    virtual uint32_t getMask() const = 0;
+    virtual uint32_t getMask() const = 0;  ///< the bits of the fields that are present
+    /// How many identifiers the next one has.
     virtual uint32_t getRouteGuidanceDisplayComponentIDCnt() const = 0;
-    virtual const uint16_t* getRouteGuidanceDisplayComponentID()
-        const = 0;  ///< display component identifiers
-    virtual uint16_t getLaneGuidanceIndex() const = 0;
-    virtual uint32_t getLaneInformationCnt() const = 0;
-    virtual const LaneInformation* getLaneInformation() const = 0;
-    virtual const char* getLaneGuidanceDescription() const = 0;
+    /// Display component identifiers.
+    virtual const uint16_t* getRouteGuidanceDisplayComponentID() const = 0;
+    virtual uint16_t getLaneGuidanceIndex() const = 0;   ///< by which maneuvers refer to it
+    virtual uint32_t getLaneInformationCnt() const = 0;  ///< how many lanes getLaneInformation() has
+    virtual const LaneInformation* getLaneInformation() const = 0;  ///< the lanes
+    virtual const char* getLaneGuidanceDescription() const = 0;     ///< what to do, for people
 };
 
 /// Lane guidance that can be built and sent.
@@ -434,7 +473,10 @@ class ACCESSORY_EXPORT ILaneGuidanceInformation : public LaneGuidanceInfo {
     const LaneInformation* getLaneInformation() const override { return mLaneInformation; }
     const char* getLaneGuidanceDescription() const override { return mLaneGuidanceDescription; }
 
-    /// Each stores the value and marks the field present. Strings are borrowed and must not be null. Arrays
+    /// @name Setters
+    /// @{
+
+    /// Stores the value and marks the field present. Strings are borrowed and must not be null. Arrays
     /// are copied; when there is no memory for the copy the field becomes absent.
     ILaneGuidanceInformation& setRouteGuidanceDisplayComponentID(const uint16_t* values, uint32_t count);
     ILaneGuidanceInformation& setLaneGuidanceIndex(uint16_t value) {
@@ -445,13 +487,22 @@ class ACCESSORY_EXPORT ILaneGuidanceInformation : public LaneGuidanceInfo {
         return set(kLaneGuidanceDescription, mLaneGuidanceDescription, value);
     }
 
-    uint32_t mMask = 0;
+    /// @}
+
+    uint32_t mMask = 0;  ///< the bits of the fields that are present
+
+    /// @name Fields
+    /// @{
+
+    /// What the getter of the same name gives; 0 or null while absent.
     uint32_t mRouteGuidanceDisplayComponentIDCnt = 0;
     uint16_t* mRouteGuidanceDisplayComponentID = nullptr;
     uint16_t mLaneGuidanceIndex = 0;
     uint32_t mLaneInformationCnt = 0;
     LaneInformation* mLaneInformation = nullptr;
     const char* mLaneGuidanceDescription = nullptr;
+
+    /// @}
 
   private:
     template <typename T>
@@ -462,11 +513,16 @@ class ACCESSORY_EXPORT ILaneGuidanceInformation : public LaneGuidanceInfo {
     }
 };
 
+/// @name For people
+/// @{
+
 /// The record for a reader: its name and the fields that are present, e.g.
 /// `RouteGuidaceUpdateInfo{displayID: [1, 2], currentRoadName: "High Street"}`.
 ACCESSORY_EXPORT std::string toString(const RouteGuidaceUpdateInfo& record);
 ACCESSORY_EXPORT std::string toString(const RuoteGuidanceManeuverUpdateInfo& record);
 ACCESSORY_EXPORT std::string toString(const LaneInformation& lane);
 ACCESSORY_EXPORT std::string toString(const LaneGuidanceInfo& record);
+
+/// @}
 
 }  // namespace accessory

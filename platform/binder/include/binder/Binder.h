@@ -61,12 +61,18 @@ class BINDER_EXPORT BpRefBase : public virtual RefBase {
     BpRefBase& operator=(const BpRefBase&) = delete;
 
   protected:
+    /// @param o the object behind the proxy; held as long as the proxy lives.
     explicit BpRefBase(const sp<IBinder>& o);
     ~BpRefBase() override;
+
+    /// @name The object behind the proxy
+    /// @{
 
     /// Borrowed; valid as long as this proxy.
     IBinder* remote() { return mRemote.get(); }
     IBinder* remote() const { return mRemote.get(); }
+
+    /// @}
 
   private:
     const sp<IBinder> mRemote;

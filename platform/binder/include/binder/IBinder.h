@@ -10,6 +10,7 @@
 
 #include <cstdint>
 
+/// Four characters as one number, the first one highest.
 #define B_PACK_CHARS(c1, c2, c3, c4) ((((c1) << 24)) | (((c2) << 16)) | (((c3) << 8)) | (c4))
 
 namespace android {
@@ -19,15 +20,17 @@ class BpBinder;
 class IInterface;
 class Parcel;
 
+/// An object that can be called, here or in another process. Any thread may use it.
 class BINDER_EXPORT IBinder : public virtual RefBase {
   public:
+    /// Codes of transact(), and its flag.
     enum {
-        FIRST_CALL_TRANSACTION = 0x00000001,
-        LAST_CALL_TRANSACTION = 0x00ffffff,
+        FIRST_CALL_TRANSACTION = 0x00000001,  ///< first code of an interface's own
+        LAST_CALL_TRANSACTION = 0x00ffffff,   ///< last code of an interface's own
 
-        PING_TRANSACTION = B_PACK_CHARS('_', 'P', 'N', 'G'),
-        DUMP_TRANSACTION = B_PACK_CHARS('_', 'D', 'M', 'P'),
-        INTERFACE_TRANSACTION = B_PACK_CHARS('_', 'N', 'T', 'F'),
+        PING_TRANSACTION = B_PACK_CHARS('_', 'P', 'N', 'G'),       ///< pingBinder()
+        DUMP_TRANSACTION = B_PACK_CHARS('_', 'D', 'M', 'P'),       ///< dump()
+        INTERFACE_TRANSACTION = B_PACK_CHARS('_', 'N', 'T', 'F'),  ///< getInterfaceDescriptor()
 
         /// Flag of transact(): do not wait for the call to run, there is no reply.
         FLAG_ONEWAY = 0x00000001,
@@ -41,6 +44,7 @@ class BINDER_EXPORT IBinder : public virtual RefBase {
         virtual void binderDied(const wp<IBinder>& who) = 0;
     };
 
+    /// Lets go of what attachObject() hung on a binder.
     using object_cleanup_func = void (*)(const void* id, void* object, void* cleanupCookie);
 
     IBinder();
@@ -82,17 +86,20 @@ class BINDER_EXPORT IBinder : public virtual RefBase {
     virtual status_t unlinkToDeath(const wp<DeathRecipient>& recipient, void* cookie = nullptr,
                                    uint32_t flags = 0, wp<DeathRecipient>* outRecipient = nullptr) = 0;
 
+    /// Whether the object is of the subclass; false unless overridden.
     virtual bool checkSubclass(const void* subclassID) const;
 
     /// Hangs @p object on this binder under @p objectID until detachObject() or the binder's end, when
     /// @p func (may be null) is called with it. The first object of an ID stays.
     virtual void attachObject(const void* objectID, void* object, void* cleanupCookie,
                               object_cleanup_func func) = 0;
+    /// What hangs under @p objectID; null when nothing does.
     virtual void* findObject(const void* objectID) const = 0;
+    /// Takes the object off again, without calling its function.
     virtual void detachObject(const void* objectID) = 0;
 
-    virtual BBinder* localBinder();
-    virtual BpBinder* remoteBinder();
+    virtual BBinder* localBinder();    ///< this object if it lives in this process, else null; borrowed
+    virtual BpBinder* remoteBinder();  ///< this object if it lives in another process, else null; borrowed
 
   protected:
     ~IBinder() override;

@@ -6,16 +6,23 @@
 
 namespace android {
 
+/// Base of every typed interface.
 class BINDER_EXPORT IInterface : public virtual RefBase {
   public:
     IInterface();
+
+    /// @name The binder
+    /// @{
 
     /// The binder behind a stub or a proxy; null for null.
     static sp<IBinder> asBinder(const IInterface* interface);
     static sp<IBinder> asBinder(const sp<IInterface>& interface);
 
+    /// @}
+
   protected:
     ~IInterface() override;
+    /// What asBinder() gives; borrowed.
     virtual IBinder* onAsBinder() = 0;
 };
 
@@ -37,19 +44,20 @@ class BnInterface : public INTERFACE, public BBinder {
     const String16& getInterfaceDescriptor() const override { return INTERFACE::getInterfaceDescriptor(); }
 
   protected:
-    using BaseInterface = INTERFACE;
-    IBinder* onAsBinder() override { return this; }
+    using BaseInterface = INTERFACE;                 ///< the interface itself
+    IBinder* onAsBinder() override { return this; }  ///< this object
 };
 
 /// Base of a proxy.
 template <typename INTERFACE>
 class BpInterface : public INTERFACE, public BpRefBase {
   public:
+    /// @param remote the object behind the proxy; held as long as the proxy lives.
     explicit BpInterface(const sp<IBinder>& remote) : BpRefBase(remote) {}
 
   protected:
-    using BaseInterface = INTERFACE;
-    IBinder* onAsBinder() override { return remote(); }
+    using BaseInterface = INTERFACE;                     ///< the interface itself
+    IBinder* onAsBinder() override { return remote(); }  ///< the object behind the proxy
 };
 
 }  // namespace android

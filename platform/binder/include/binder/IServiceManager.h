@@ -9,8 +9,14 @@ namespace android {
 /// Names are not empty, at most 127 characters of the ASCII graphic set, and contain no '/'.
 class BINDER_EXPORT IServiceManager : public IInterface {
   public:
+    /// @name Dump flags
+    /// @{
+
+    /// Accepted as on the platform; this runtime makes no difference between services.
     static const int DUMP_FLAG_PRIORITY_DEFAULT = 1 << 3;
     static const int DUMP_FLAG_PRIORITY_ALL = (1 << 4) - 1;
+
+    /// @}
 
     /// As checkService(), but waits up to 5 s for the service to appear.
     virtual sp<IBinder> getService(const String16& name) const = 0;
@@ -27,12 +33,15 @@ class BINDER_EXPORT IServiceManager : public IInterface {
     /// The names of the services whose processes are alive, in ascending order.
     virtual Vector<String16> listServices(int dumpsysFlags = DUMP_FLAG_PRIORITY_ALL) = 0;
 
+    /// The name of the service manager's own interface.
     virtual const String16& getInterfaceDescriptor() const;
 };
 
 /// The one service manager of this process; any thread may use it.
 BINDER_EXPORT sp<IServiceManager> defaultServiceManager();
 
+/// Finds a service and gives its typed view, waiting up to 5 s.
+/// @return NO_ERROR, or NAME_NOT_FOUND with @p outService null.
 template <typename INTERFACE>
 status_t getService(const String16& name, sp<INTERFACE>* outService) {
     *outService = interface_cast<INTERFACE>(defaultServiceManager()->getService(name));

@@ -38,12 +38,13 @@ class BINDER_EXPORT Parcel {
     Parcel(const Parcel&) = delete;
     Parcel& operator=(const Parcel&) = delete;
 
-    const uint8_t* data() const { return mData; }
+    const uint8_t* data() const { return mData; }  ///< borrowed until the next change of the parcel
+    /// Bytes in all; no less than the position.
     size_t dataSize() const { return mDataSize > mDataPos ? mDataSize : mDataPos; }
     /// Bytes between the position and the end.
     size_t dataAvail() const;
-    size_t dataPosition() const { return mDataPos; }
-    size_t dataCapacity() const { return mDataCapacity; }
+    size_t dataPosition() const { return mDataPos; }       ///< in bytes from the beginning
+    size_t dataCapacity() const { return mDataCapacity; }  ///< bytes that there is memory for
 
     /// Cuts or extends; what is added is zero. An object that is cut is dropped as a whole.
     status_t setDataSize(size_t size);
@@ -56,8 +57,8 @@ class BINDER_EXPORT Parcel {
     /// Appends @p len bytes of @p parcel from @p start, with the objects that lie wholly within.
     status_t appendFrom(const Parcel* parcel, size_t start, size_t len);
 
-    bool hasFileDescriptors() const;
-    size_t objectsCount() const { return mObjects.size(); }
+    bool hasFileDescriptors() const;                         ///< whether there is any in it
+    size_t objectsCount() const { return mObjects.size(); }  ///< binders and descriptors, null binders not
 
     /// Empties the parcel and lets go of everything in it.
     void freeData();
@@ -65,7 +66,7 @@ class BINDER_EXPORT Parcel {
     /// Set once a write ran out of memory or descriptors, or would have made the parcel larger than INT32_MAX
     /// bytes; later writes return it too. An argument that was refused is not remembered.
     status_t errorCheck() const { return mError; }
-    void setError(status_t error) { mError = error; }
+    void setError(status_t error) { mError = error; }  ///< what errorCheck() gives from now on
 
     /// The header of a request: strict-mode policy, work source, the interface's name.
     status_t writeInterfaceToken(const String16& interface);
@@ -74,9 +75,16 @@ class BINDER_EXPORT Parcel {
     /// As enforceInterface() for the interface of @p binder.
     bool checkInterface(IBinder* binder) const;
 
+    /// Appends @p len bytes as they lie in memory. @return BAD_VALUE for null with a length, or when no
+    /// parcel could hold so many.
     status_t write(const void* data, size_t len);
     /// Room for @p len bytes to be filled by the caller before the next use of the parcel; null on failure.
     void* writeInplace(size_t len);
+
+    /// @name Writing numbers
+    /// @{
+
+    /// Appends the value, widened to four or eight bytes. @return NO_ERROR, or as errorCheck().
     status_t writeInt32(int32_t val);
     status_t writeUint32(uint32_t val);
     status_t writeInt64(int64_t val);
@@ -86,15 +94,31 @@ class BINDER_EXPORT Parcel {
     status_t writeBool(bool val);
     status_t writeByte(int8_t val);
     status_t writeChar(char16_t val);
+
+    /// @}
+
     /// The characters and their NUL. A null @p str gives BAD_VALUE.
     status_t writeCString(const char* str);
     /// The length as int32, then the characters and their NUL unless it is 0.
     status_t writeString8(const String8& str);
+    /// @name Writing UTF-16
+    /// @{
+
     /// The length in UTF-16 units as int32, then the units and their NUL; -1 alone for a null @p str.
     status_t writeString16(const String16& str);
     status_t writeString16(const char16_t* str, size_t len);
+
+    /// @}
+
+    /// @name Writing arrays
+    /// @{
+
+    /// The count as int32, then the elements; -1 alone for null.
     status_t writeByteArray(size_t len, const uint8_t* val);
     status_t writeInt32Array(size_t len, const int32_t* val);
+
+    /// @}
+
     /// Keeps a strong reference until the parcel is emptied. @p val may be null.
     status_t writeStrongBinder(const sp<IBinder>& val);
     /// @p fd must stay open as long as the parcel, which closes it when @p takeOwnership.
@@ -104,8 +128,17 @@ class BINDER_EXPORT Parcel {
     /// The int32 0 that readExceptionCode() expects.
     status_t writeNoException();
 
+    /// Copies @p len bytes out. @return NOT_ENOUGH_DATA when there are fewer, PERMISSION_DENIED when an
+    /// object lies among them.
     status_t read(void* outData, size_t len) const;
+    /// As read(), without a copy: borrowed, null when they cannot be read.
     const void* readInplace(size_t len) const;
+
+    /// @name Reading numbers
+    /// @{
+
+    /// The next value, cut to its width; 0 when there is none. @return the value, or a status as read()
+    /// gives.
     int32_t readInt32() const { return readWord<int32_t>(); }
     status_t readInt32(int32_t* pArg) const { return readWord(pArg); }
     uint32_t readUint32() const { return readWord<uint32_t>(); }
@@ -124,17 +157,30 @@ class BINDER_EXPORT Parcel {
     status_t readByte(int8_t* pArg) const;
     char16_t readChar() const { return static_cast<char16_t>(readInt32()); }
     status_t readChar(char16_t* pArg) const;
+
+    /// @}
+
     /// Borrowed; null when no NUL follows.
     const char* readCString() const;
+
+    /// @name Reading strings
+    /// @{
+
+    /// A copy; empty when there is none. The second form says why.
     String8 readString8() const;
     status_t readString8(String8* pArg) const;
     String16 readString16() const;
     status_t readString16(String16* pArg) const;
+
+    /// @}
+
     /// Borrowed; null for a null or broken string, with @p outLen 0.
     const char16_t* readString16Inplace(size_t* outLen) const;
+    /// The next object: itself when it lives in this process, else its proxy; null when there is none.
     sp<IBinder> readStrongBinder() const;
-    /// As above; UNEXPECTED_NULL when the object is null.
+    /// As above. @return BAD_TYPE when there is no object here, UNEXPECTED_NULL when it is null.
     status_t readStrongBinder(sp<IBinder>* val) const;
+    /// As above, but a null object is one, too.
     status_t readNullableStrongBinder(sp<IBinder>* val) const;
     /// Borrowed; BAD_TYPE when there is no descriptor here.
     int readFileDescriptor() const;

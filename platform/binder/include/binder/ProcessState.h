@@ -10,6 +10,7 @@
 
 namespace android {
 
+/// The process and its threads for calls; one instance.
 class BINDER_EXPORT ProcessState : public virtual RefBase {
   public:
     /// The one instance, made on first use and kept until the process ends. Any thread may use it.

@@ -20,6 +20,10 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto kGreetingTime = 5s;
+constexpr auto kSweepTime = 1s;
+constexpr const char* kSilence = "it leaves too many connections without a word";
+/// How many to let in before the reactor looks after everything else again.
+constexpr int kTurn = 64;
 /// How long to leave callers waiting at the door when this process has no descriptors left.
 constexpr auto kPause = 50ms;
 
@@ -47,7 +51,7 @@ void Acceptor::open() {
 }
 
 void Acceptor::acceptAll() {
-    for (;;) {
+    for (int taken = 0; taken < kTurn; ++taken) {
         auto greeting = std::make_shared<Greeting>();
         greeting->fd = RuntimeFd(accept4(mListener.get(), nullptr, nullptr, SOCK_CLOEXEC));
         if (greeting->fd.isOpen()) {
@@ -74,34 +78,68 @@ void Acceptor::greet(const std::shared_ptr<Greeting>& greeting) {
     const bool waiting = got > 0 ? greeting->bytes < sizeof(Hello) : got < 0 && errno == EAGAIN;
     if (waiting && greeting->watch == 0) return listenOn(greeting);
     if (waiting) return;
-    if (greeting->watch != 0) mNode.reactor.forget(greeting->watch, greeting->fd.get());
-    if (greeting->bytes == sizeof(Hello)) admit(std::move(greeting->fd), greeting->hello);
-    greeting->fd.reset();
+    end(greeting.get());
+    RuntimeFd fd = std::move(greeting->fd);
+    if (greeting->bytes == sizeof(Hello)) admit(std::move(fd), greeting->hello);
 }
 
 void Acceptor::listenOn(const std::shared_ptr<Greeting>& greeting) {
+    if (!readCredentials(greeting->fd.get(), &greeting->who)) return;
+    greeting->share = mQuota.take(greeting->who.pid);
+    if (!greeting->share) return mNode.refusals.tell(greeting->who, kSilence);
+    if (mGreetings.size() >= kMostGreetingsInAll) endOldest();
     greeting->watch =
         mNode.reactor.watch(greeting->fd.get(), EPOLLIN, [this, greeting](uint32_t) { greet(greeting); });
-    mNode.reactor.after(kGreetingTime, [this, waiting = std::weak_ptr<Greeting>(greeting)] {
-        const auto late = waiting.lock();
-        if (late == nullptr || !late->fd.isOpen()) return;
-        mNode.reactor.forget(late->watch, late->fd.get());
+    if (greeting->watch == 0) return;
+    greeting->deadline = Reactor::Clock::now() + kGreetingTime;
+    sweepLater();
+    mGreetings.emplace(greeting->watch, greeting);
+}
+
+void Acceptor::end(Greeting* greeting) {
+    if (greeting->watch == 0) return;
+    mNode.reactor.forget(greeting->watch, greeting->fd.get());
+    mGreetings.erase(greeting->watch);
+}
+
+/// Who means to speak does so at once, so it is never an honest one's turn.
+void Acceptor::endOldest() {
+    const auto oldest = mGreetings.begin()->second;
+    mNode.refusals.tell(oldest->who, kSilence);
+    end(oldest.get());
+    oldest->fd.reset();
+}
+
+void Acceptor::sweepLater() {
+    if (std::exchange(mSweeping, true)) return;
+    mNode.reactor.after(kSweepTime, [this] { sweep(); });
+}
+
+void Acceptor::sweep() {
+    mSweeping = false;
+    const auto now = Reactor::Clock::now();
+    while (!mGreetings.empty() && mGreetings.begin()->second->deadline <= now) {
+        const auto late = mGreetings.begin()->second;
+        end(late.get());
         late->fd.reset();
-    });
+    }
+    if (!mGreetings.empty()) sweepLater();
 }
 
 void Acceptor::admit(RuntimeFd fd, const Hello& hello) {
     Credentials credentials;
     if (!readCredentials(fd.get(), &credentials)) return;
     if (!mNode.access.admits(fd.get(), credentials))
-        return mRefusals.tell(credentials, "it is another user's");
+        return mNode.refusals.tell(credentials, "it is another user's");
     if (!isUsable(hello, mNode.id)) {
-        return mRefusals.tell(credentials, "it does not speak this version of the protocol");
+        return mNode.refusals.tell(credentials, "it does not speak this version of the protocol");
     }
     const std::shared_ptr<Peer> peer = mNode.peers.get(hello.sender);
+    if (!peer->isOf(credentials)) return mNode.refusals.tell(credentials, "it poses as another process");
     if (hello.kind == ConnectionKind::kLink) return peer->adoptLink(std::move(fd), credentials);
     auto connection = std::make_unique<Connection>(std::move(fd), hello.kind, peer, credentials);
-    if (!mNode.workers.add(std::move(connection))) mRefusals.tell(credentials, "it has too many connections");
+    if (!mNode.workers.add(std::move(connection)))
+        mNode.refusals.tell(credentials, "it has too many connections");
 }
 
 }  // namespace android::runtime

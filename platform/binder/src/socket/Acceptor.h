@@ -2,10 +2,13 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <memory>
 
-#include "Access.h"
 #include "Frame.h"
+#include "Limits.h"
+#include "Quota.h"
+#include "Reactor.h"
 #include "RuntimeFd.h"
 #include "Socket.h"
 
@@ -25,6 +28,9 @@ class Acceptor {
         Hello hello;
         size_t bytes = 0;
         uint64_t watch = 0;
+        Credentials who;
+        Reactor::Clock::time_point deadline;
+        Quota::Share share;
     };
 
     void open();
@@ -32,12 +38,18 @@ class Acceptor {
     void pause();
     void greet(const std::shared_ptr<Greeting>& greeting);
     void listenOn(const std::shared_ptr<Greeting>& greeting);
+    void end(Greeting* greeting);
+    void endOldest();
+    void sweepLater();
+    void sweep();
     void admit(RuntimeFd fd, const Hello& hello);
 
     Node& mNode;
     RuntimeFd mListener;
     uint64_t mWatch = 0;
-    RefusalLog mRefusals;
+    Quota mQuota{kMostGreetings};
+    std::map<uint64_t, std::shared_ptr<Greeting>> mGreetings;  // by watch, so the oldest first
+    bool mSweeping = false;                                    // a timer looks for late ones
 };
 
 }  // namespace android::runtime

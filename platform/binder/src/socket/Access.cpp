@@ -15,8 +15,6 @@ namespace android::runtime {
 
 namespace {
 
-constexpr std::chrono::seconds kQuiet{1};
-
 std::optional<gid_t> groupNamed(const char* name) {
     char* end = nullptr;
     const unsigned long number = std::strtoul(name, &end, 10);
@@ -62,18 +60,6 @@ Access::Access() {
 bool Access::admits(int fd, const Credentials& credentials) const {
     if (credentials.uid == geteuid() || credentials.uid == 0) return true;
     return mGroup && (isPrimaryGroup(fd, *mGroup) || isSupplementaryGroup(fd, *mGroup));
-}
-
-void RefusalLog::tell(const Credentials& who, const char* why) {
-    const auto now = std::chrono::steady_clock::now();
-    if (now < mQuietUntil) {
-        ++mUntold;
-        return;
-    }
-    BINDER_LOGW("process %d of user %d is refused: %s (%u refusals before it were not told)", who.pid,
-                static_cast<int>(who.uid), why, mUntold);
-    mQuietUntil = now + kQuiet;
-    mUntold = 0;
 }
 
 }  // namespace android::runtime

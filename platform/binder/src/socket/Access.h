@@ -4,7 +4,6 @@
 
 #include <sys/types.h>
 
-#include <chrono>
 #include <optional>
 
 #include "Socket.h"
@@ -28,16 +27,6 @@ class Access {
 
   private:
     std::optional<gid_t> mGroup;
-};
-
-/// Tells of refusals without letting whoever is refused fill the log: one line a second. For one thread.
-class RefusalLog {
-  public:
-    void tell(const Credentials& who, const char* why);
-
-  private:
-    std::chrono::steady_clock::time_point mQuietUntil;
-    unsigned mUntold = 0;
 };
 
 }  // namespace android::runtime

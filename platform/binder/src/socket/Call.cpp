@@ -8,6 +8,7 @@
 #include "../Log.h"
 #include "../Transport.h"
 #include "../trace/Trace.h"
+#include "Limits.h"
 #include "Node.h"
 #include "ParcelCodec.h"
 
@@ -80,11 +81,11 @@ bool sendReply(Connection& connection, status_t status, const Parcel& reply, tra
     return connection.send(header, nullptr, {}, {}) == NO_ERROR;
 }
 
-status_t takeReply(Frame* frame, Parcel* reply) {
+status_t takeReply(Frame* frame, Parcel* reply, Peer& sender) {
     Parcel unwanted;
     Parcel& answer = reply != nullptr ? *reply : unwanted;
     answer.freeData();
-    decode(frame, &answer);
+    decode(frame, &answer, sender);
     return static_cast<status_t>(frame->header.code);
 }
 
@@ -98,14 +99,14 @@ status_t awaitReply(Connection& connection, Parcel* reply, bool* intact, trace::
         if (received == Received::kFrame && frame.header.kind == FrameKind::kReply) {
             *intact = true;
             traced->comesIn(frame);
-            return takeReply(&frame, reply);
+            return takeReply(&frame, reply, *connection.peer());
         }
         if (received == Received::kFrame && frame.header.kind == FrameKind::kCall) {
             if (serveCall(connection, &frame)) continue;
             return DEAD_OBJECT;
         }
         if (received != Received::kClosed) {
-            BINDER_LOGE("process %d breaks the protocol", connection.credentials().pid);
+            Node::instance().refusals.tell(connection.credentials(), "it breaks the protocol");
         }
         return DEAD_OBJECT;
     }
@@ -121,6 +122,11 @@ status_t callOn(Connection& connection, const FrameHeader& header, const Parcel&
     if (status == NO_ERROR) status = awaitReply(connection, reply, intact, &traced);
     traced.end(header, status);
     return status;
+}
+
+size_t weightOf(const Frame& oneway) {
+    return sizeof(OnewayCall) + oneway.body.capacity() + oneway.header.objectCount * kOnewayObjectBytes +
+           oneway.header.descriptorCount * kOnewayDescriptorBytes;
 }
 
 }  // namespace
@@ -158,7 +164,7 @@ bool serveCall(Connection& connection, Frame* frame) {
     trace::Exchange traced(trace::Direction::kIn, connection.credentials());
     traced.comesIn(*frame);
     Parcel data;
-    decode(frame, &data);
+    decode(frame, &data, *connection.peer());
     const sp<BBinder> object = Node::instance().exports.find(header.target);
     if (object == nullptr) return sendReply(connection, DEAD_OBJECT, Parcel(), &traced);
     if (tActive.size() >= kDeepestNesting) {
@@ -179,9 +185,10 @@ OnewayCall::OnewayCall(Connection& connection, Frame* frame)
     : object(Node::instance().exports.find(frame->header.target)),
       code(frame->header.code),
       flags(frame->header.flags),
-      caller(connection.credentials()) {
+      caller(connection.credentials()),
+      weight(weightOf(*frame)) {
     trace::oneway(trace::Direction::kIn, caller, frame->header, trace::Content(*frame));
-    decode(frame, &data);
+    decode(frame, &data, *connection.peer());
 }
 
 void OnewayCall::run() {

@@ -28,6 +28,7 @@ struct OnewayCall {
     uint32_t code = 0;
     uint32_t flags = 0;
     Credentials caller;
+    size_t weight = 0;  ///< in bytes, what it costs while it waits
     Parcel data;
 
     /// Takes the content of @p frame over.

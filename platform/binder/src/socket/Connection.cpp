@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "../Log.h"
+#include "Limits.h"
 
 namespace android::runtime {
 
@@ -54,6 +55,8 @@ void Connection::setPatience(int milliseconds) {
 
 status_t Connection::send(const FrameHeader& header, const void* data,
                           const std::vector<ObjectRecord>& records, const std::vector<int>& fds) {
+    while (hasUnsent() && !flush())
+        hasRoom(-1);
     FrameHeader sent = header;
     const bool shared = share(&sent, data);
     const bool offers = !shared && offerBlock(header);
@@ -74,17 +77,29 @@ status_t Connection::send(const FrameHeader& header, const void* data,
     }
     const int block = offers ? mBlock->fd() : -1;
     const int* const descriptors = offers ? &block : fds.data();
-    switch (sendAll(mFd.get(), parts, count, descriptors, descriptorsOf(sent))) {
+    std::string* const rest = header.kind == FrameKind::kCall ? nullptr : &mUnsent;
+    switch (sendAll(mFd.get(), parts, count, descriptors, descriptorsOf(sent), rest)) {
         case Sent::kAll:
+        case Sent::kBegun:
             return NO_ERROR;
         case Sent::kNothing:
-            BINDER_LOGE("a call or an answer cannot be sent: %s", strerror(errno));
             if (offers) mSending = Sending::kNoBlock;
-            return FAILED_TRANSACTION;
+            return refused(header);
         case Sent::kGone:
             break;
     }
     return DEAD_OBJECT;
+}
+
+/// The kernel has not taken the frame, and errno says why. Who waits for an answer has read the one before,
+/// so there is room for its beginning unless he has not.
+status_t Connection::refused(const FrameHeader& header) {
+    if (errno != EAGAIN) {
+        BINDER_LOGE("a call or an answer cannot be sent: %s", strerror(errno));
+    } else if (header.kind == FrameKind::kReply) {
+        mOffence = "it does not read its answers";
+    }
+    return FAILED_TRANSACTION;
 }
 
 /// Puts large data into the block when the other end maps it. @return whether it did.
@@ -107,31 +122,72 @@ bool Connection::offerBlock(const FrameHeader& header) {
     return true;
 }
 
+bool Connection::flush() {
+    std::string rest;
+    iovec part{mUnsent.data(), mUnsent.size()};
+    switch (sendAll(mFd.get(), &part, 1, nullptr, 0, &rest)) {
+        case Sent::kBegun:
+            mUnsent.swap(rest);
+            return false;
+        case Sent::kNothing:
+            if (errno == EAGAIN) return false;
+            [[fallthrough]];
+        case Sent::kGone:
+            giveUp();
+            break;
+        case Sent::kAll:
+            break;
+    }
+    mUnsent = {};
+    return true;
+}
+
+/// The other end misses a part, so nothing that it says makes sense any more: receive() finds the end.
+void Connection::giveUp() { shutdown(mFd.get(), SHUT_RDWR); }
+
+size_t Connection::held() const {
+    return mFrame.body.capacity() + mUnsent.size() + mFrame.fds.size() * kHeldDescriptorBytes;
+}
+
 bool Connection::hasRoom(int milliseconds) const {
     pollfd room{mFd.get(), POLLOUT, 0};
     return poll(&room, 1, milliseconds) != 0;
 }
 
 Received Connection::receive(Frame* frame, Wait wait) {
+    while (wait == Wait::kForever && hasUnsent() && !flush())
+        hasRoom(-1);
     for (;;) {
         switch (readMore(wait)) {
             case Progress::kNone:
                 return Received::kNothing;
+            case Progress::kBroken:
+                return broken();
             case Progress::kEnd:
                 return Received::kClosed;
             case Progress::kGoOn:
                 break;
         }
         if (!headerComplete()) continue;
-        if (!isPlausible(mFrame.header)) return Received::kBroken;
+        if (!isPlausible(mFrame.header)) return broken();
         if (!bodyComplete()) continue;
         // The other end has to wait for us before it may say more.
-        if (mBodyBytes > streamedSize(mFrame.header)) return Received::kBroken;
-        if (!descriptorsComplete() || !takeSharing()) return Received::kBroken;
-        if (!areRecordsSound(mFrame.header, mFrame.body.bytes())) return Received::kBroken;
+        if (mBodyBytes > streamedSize(mFrame.header)) return broken();
+        if (!descriptorsComplete() || !takeSharing()) return broken();
+        if (!areRecordsSound(mFrame.header, mFrame.body.bytes())) return broken();
         finish(frame);
         return Received::kFrame;
     }
+}
+
+bool Connection::expects(const Frame& frame, FrameKind kind) {
+    if (frame.header.kind != kind) broken();
+    return frame.header.kind == kind;
+}
+
+Received Connection::broken() {
+    mOffence = "it breaks the protocol";
+    return Received::kBroken;
 }
 
 Connection::Progress Connection::readMore(Wait wait) {
@@ -178,7 +234,7 @@ Connection::Progress Connection::take(void* room, size_t size, Wait wait, size_t
         receiveMessage(mFd.get(), &message, MSG_CMSG_CLOEXEC | (wait == Wait::kNo ? MSG_DONTWAIT : 0));
     if (received < 0) return readFailed(wait);
     if ((message.msg_controllen > 0 || message.msg_flags != 0) && !noteDescriptors(&message)) {
-        return Progress::kEnd;
+        return Progress::kBroken;
     }
     *got = static_cast<size_t>(received);
     return received == 0 ? Progress::kEnd : Progress::kGoOn;

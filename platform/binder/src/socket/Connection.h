@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "../BufferCache.h"
@@ -63,7 +64,8 @@ enum class Wait { kNo, kBriefly, kForever };
 /// Used by one thread at a time; whoever hands it on orders that.
 ///
 /// A frame may arrive in any number of pieces: what is there of it waits here until the rest comes, so a slow
-/// or hostile sender holds up nobody.
+/// or hostile sender holds up nobody. Nor does one that does not read: what its socket has no room for of an
+/// answer or a one-way call waits here, too.
 class Connection {
   public:
     Connection(RuntimeFd fd, ConnectionKind kind, std::shared_ptr<Peer> peer, const Credentials& credentials);
@@ -71,9 +73,22 @@ class Connection {
     /// @param records of the objects in @p data, described by @p header like everything else.
     /// @return NO_ERROR; DEAD_OBJECT when the connection is gone; FAILED_TRANSACTION when the kernel does not
     ///         take the frame, a descriptor that is not open above all, and the connection is as good as
-    ///         before.
+    ///         before. Only the sending of a call waits for room.
     status_t send(const FrameHeader& header, const void* data, const std::vector<ObjectRecord>& records,
                   const std::vector<int>& fds);
+
+    /// Whether a part of what was sent still waits here.
+    bool hasUnsent() const { return !mUnsent.empty(); }
+    /// Sends more of it. @return whether nothing is left, also because the connection is gone.
+    bool flush();
+
+    /// The memory that is kept here between calls, in bytes; descriptors count as Limits.h says.
+    size_t held() const;
+    /// What the pool has counted of it; the pool's alone.
+    size_t counted = 0;
+
+    /// What the other end has done for which it loses the connection; null for nothing.
+    const char* offence() const { return mOffence; }
 
     /// Whether the socket takes more, at once or within that time; true for one that is gone, which send()
     /// finds.
@@ -81,6 +96,9 @@ class Connection {
 
     /// @param wait kBriefly waits as long as setPatience() said.
     Received receive(Frame* frame, Wait wait);
+
+    /// Whether @p frame is of the one kind that may come now; otherwise the other end breaks the protocol.
+    bool expects(const Frame& frame, FrameKind kind);
 
     /// How long Wait::kBriefly waits.
     void setPatience(int milliseconds);
@@ -96,7 +114,7 @@ class Connection {
     const Credentials& credentials() const { return mCredentials; }
 
   private:
-    enum class Progress { kGoOn, kNone, kEnd };
+    enum class Progress { kGoOn, kNone, kEnd, kBroken };
 
     Progress readMore(Wait wait);
     Progress readBeginning(Wait wait);
@@ -107,11 +125,14 @@ class Connection {
     bool descriptorsComplete();
     bool headerComplete() const { return mHeaderBytes == sizeof(FrameHeader); }
     bool bodyComplete() const { return headerComplete() && mBodyBytes >= streamedSize(mFrame.header); }
+    status_t refused(const FrameHeader& header);
     bool share(FrameHeader* header, const void* data);
     bool offerBlock(const FrameHeader& header);
     bool takeSharing();
     bool fetchData();
     void finish(Frame* frame);
+    Received broken();
+    void giveUp();
 
     RuntimeFd mFd;
     const ConnectionKind mKind;
@@ -123,6 +144,8 @@ class Connection {
     size_t mBodyBytes = 0;
     bool mDescriptorsLost = false;
     std::atomic<bool> mHandedOver{false};
+    std::string mUnsent;
+    const char* mOffence = nullptr;
 
     enum class Sending { kNoBlock, kOffered, kAccepted, kRefused };
     Sending mSending = Sending::kNoBlock;

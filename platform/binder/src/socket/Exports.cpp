@@ -3,7 +3,16 @@
 #include <algorithm>
 #include <utility>
 
+#include "Limits.h"
+
 namespace android::runtime {
+
+namespace {
+
+/// More than anybody counts to, and few enough that no flood of claims overflows.
+constexpr int64_t kMostReferences = int64_t{1} << 40;
+
+}  // namespace
 
 sp<BBinder> Exports::find(const Token& token) {
     const std::lock_guard<std::mutex> guard(mLock);
@@ -18,31 +27,59 @@ Token Exports::lend(const sp<BBinder>& object, const PeerId& holder) {
         known->second = Token(Secret::random());
         mByToken[known->second].object = object;
     }
-    ++mByToken[known->second].holders[holder];
-    return known->second;
+    const auto entry = mByToken.find(known->second);
+    if (int64_t* const count = countLocked(entry->first, &entry->second, holder)) {
+        ++*count;
+        return entry->first;
+    }
+    if (isNew) eraseLocked(entry);
+    return {};
 }
 
 sp<BBinder> Exports::adjust(const Token& token, const PeerId& holder, int64_t change) {
     const std::lock_guard<std::mutex> guard(mLock);
     const auto entry = mByToken.find(token);
     if (entry == mByToken.end()) return nullptr;
-    auto& holders = entry->second.holders;
-    int64_t& count = holders[holder];
-    count += change;
-    if (count == 0) holders.erase(holder);
+    int64_t* const count = countLocked(token, &entry->second, holder);
+    if (count == nullptr) return nullptr;
+    *count = std::clamp(*count + change, -kMostReferences, kMostReferences);
+    if (*count == 0) {
+        entry->second.holders.erase(holder);
+        forgetLocked(token, holder);
+    }
     return isHeld(entry->second) ? nullptr : eraseLocked(entry);
 }
 
 Exports::Objects Exports::dropHolder(const PeerId& holder) {
     Objects unheld;
     const std::lock_guard<std::mutex> guard(mLock);
-    for (auto entry = mByToken.begin(); entry != mByToken.end();) {
-        const auto current = entry++;
-        if (current->second.holders.erase(holder) > 0 && !isHeld(current->second)) {
-            unheld.push_back(eraseLocked(current));
-        }
+    const auto held = mHeld.find(holder);
+    if (held == mHeld.end()) return unheld;
+    const auto tokens = std::move(held->second);
+    mHeld.erase(held);
+    for (const Token& token : tokens) {
+        const auto entry = mByToken.find(token);
+        entry->second.holders.erase(holder);
+        if (!isHeld(entry->second)) unheld.push_back(eraseLocked(entry));
     }
     return unheld;
+}
+
+/// The holder's count of references to an object, new or not; null when it has too many objects.
+int64_t* Exports::countLocked(const Token& token, Export* entry, const PeerId& holder) {
+    const auto known = entry->holders.find(holder);
+    if (known != entry->holders.end()) return &known->second;
+    auto& held = mHeld[holder];
+    if (held.size() >= kMostObjects) return nullptr;
+    held.insert(token);
+    return &entry->holders[holder];
+}
+
+void Exports::forgetLocked(const Token& token, const PeerId& holder) {
+    const auto held = mHeld.find(holder);
+    if (held == mHeld.end()) return;
+    held->second.erase(token);
+    if (held->second.empty()) mHeld.erase(held);
 }
 
 size_t Exports::size() {
@@ -56,6 +93,8 @@ bool Exports::isHeld(const Export& entry) {
 }
 
 sp<BBinder> Exports::eraseLocked(Table::iterator entry) {
+    for (const auto& [holder, count] : entry->second.holders)
+        forgetLocked(entry->first, holder);
     sp<BBinder> object = std::move(entry->second.object);
     mTokens.erase(object.get());
     mByToken.erase(entry);

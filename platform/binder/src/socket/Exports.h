@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <mutex>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "Identity.h"
@@ -18,6 +19,8 @@ namespace android::runtime {
 /// from a third process can give it back before word of the passing-on arrives here. Only the holders with
 /// more than zero keep the object.
 ///
+/// A holder has references to so many different objects at most, see Limits.h.
+///
 /// mLock is a leaf; objects are released outside it, by whoever called.
 class Exports {
   public:
@@ -26,10 +29,12 @@ class Exports {
     /// The object a token was handed out for, or null.
     sp<BBinder> find(const Token& token);
 
-    /// Counts one reference for @p holder. @return the object's token, the same as long as it is lent.
+    /// Counts one reference for @p holder. @return the object's token, the same as long as it is lent; none
+    /// when the holder has too many others.
     Token lend(const sp<BBinder>& object, const PeerId& holder);
 
-    /// Adds @p change to the references of @p holder. Unknown tokens are ignored: what they named is gone.
+    /// Adds @p change to the references of @p holder. Unknown tokens are ignored: what they named is gone. So
+    /// is a change that would give a holder too many objects.
     /// @return the object when nobody holds it any more, to be released by the caller.
     sp<BBinder> adjust(const Token& token, const PeerId& holder, int64_t change);
 
@@ -47,11 +52,14 @@ class Exports {
     using Table = std::unordered_map<Token, Export, SecretHash>;
 
     static bool isHeld(const Export& entry);
+    int64_t* countLocked(const Token& token, Export* entry, const PeerId& holder);
+    void forgetLocked(const Token& token, const PeerId& holder);
     sp<BBinder> eraseLocked(Table::iterator entry);
 
     std::mutex mLock;
     Table mByToken;
     std::unordered_map<const BBinder*, Token> mTokens;
+    std::unordered_map<PeerId, std::unordered_set<Token, SecretHash>, SecretHash> mHeld;  // by holder
 };
 
 }  // namespace android::runtime

@@ -2,9 +2,7 @@
 
 #include <unistd.h>
 
-#include <chrono>
 #include <cstdlib>
-#include <memory>
 #include <utility>
 
 #include "../Log.h"
@@ -14,16 +12,6 @@
 namespace android::runtime {
 
 namespace {
-
-/// How long to wait for descriptors when there are none to reach a process with.
-constexpr std::chrono::milliseconds kPause{50};
-
-/// Holds the references of objects that are on their way back to this process, so that the sender's own
-/// reference may end before they arrive.
-const PeerId& homecoming() {
-    static const auto* const holder = new PeerId(Secret::random());
-    return *holder;
-}
 
 /// Other processes recognise a dead one without this; it only keeps the folder tidy.
 void removeSocket() {
@@ -58,27 +46,22 @@ Node::Node() : id(Secret::random()), folder(prepareRuntimeFolder(access)), peers
     trace::startIfAsked();
 }
 
-sp<IBinder> Node::comeHome(const Token& token) {
+sp<IBinder> Node::comeHome(const Token& token, Peer& sender) {
     const sp<BBinder> object = exports.find(token);
     if (object == nullptr) return nullptr;
-    sp<BBinder> unheld = exports.adjust(token, homecoming(), -1);
+    sp<BBinder> unheld = exports.adjust(token, sender.homecoming(), -1);
     if (unheld != nullptr) letGo({std::move(unheld)});
     return object;
 }
 
-sp<BBinder> Node::credit(const Token& token, const PeerId& beneficiary, int64_t change) {
-    if (beneficiary == id) return exports.adjust(token, homecoming(), change);
+sp<BBinder> Node::credit(const Token& token, const PeerId& beneficiary, int64_t change, Peer& passer) {
+    if (beneficiary == id) return exports.adjust(token, passer.homecoming(), change);
+    if (exports.find(token) == nullptr) return nullptr;
     sp<BBinder> unheld = exports.adjust(token, beneficiary, change);
-    // Connecting may wait, which the reactor must not.
-    notices.post([this, beneficiary] { watchOver(beneficiary); });
-    return unheld;
-}
-
-void Node::watchOver(const PeerId& holder) {
-    const std::shared_ptr<Peer> peer = peers.get(holder);
     // One that is found dead loses its references at once.
-    if (peer->ensureLinked() || peer->isDead()) return;
-    reactor.after(kPause, [this, holder] { notices.post([this, holder] { watchOver(holder); }); });
+    if (peers.get(beneficiary)->seekLink() || unheld != nullptr) return unheld;
+    refusals.tell(passer.credentials(), "it passes objects on to too many that cannot be reached");
+    return exports.adjust(token, beneficiary, -change);
 }
 
 void Node::letGo(Exports::Objects objects) {

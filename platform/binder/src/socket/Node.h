@@ -7,9 +7,12 @@
 #include "Access.h"
 #include "Exports.h"
 #include "Identity.h"
+#include "Limits.h"
 #include "NoticeThread.h"
 #include "Peer.h"
+#include "Quota.h"
 #include "Reactor.h"
+#include "RefusalLog.h"
 #include "Socket.h"
 #include "WorkerPool.h"
 
@@ -19,7 +22,7 @@ namespace android::runtime {
 /// ends.
 ///
 /// Locks are taken in this order and no other: Peer::mOnewayLock; Peer::mLock; then the leaves (Exports,
-/// PeerTable, Reactor, WorkerPool, OnewayQueue, NoticeThread, the list of descriptors).
+/// PeerTable, Reactor, WorkerPool, OnewayQueue, NoticeThread, Quota, RefusalLog, the list of descriptors).
 class Node {
   public:
     static Node& instance();
@@ -27,27 +30,28 @@ class Node {
     const PeerId id;
     const Access access;
     const SocketFolder folder;
+    RefusalLog refusals;
+    Quota links{kMostLinks};
+    Quota unreached{kMostUnreached};  // all of them this process's own
     Exports exports;
     PeerTable peers;
     NoticeThread notices;
     Reactor reactor;
-    WorkerPool workers;
+    WorkerPool workers{refusals};
 
-    /// An object of this process, by its token, for whoever was handed it.
-    sp<IBinder> comeHome(const Token& token);
+    /// An object of this process, by its token, that @p sender has sent back.
+    sp<IBinder> comeHome(const Token& token, Peer& sender);
 
-    /// Adds @p change to the references of @p beneficiary, to whom somebody passes an object of this process.
+    /// Adds @p change to the references of @p beneficiary, to whom @p passer passes an object of this
+    /// process.
     /// @return the object when nobody holds it any more, to be released by the caller.
-    sp<BBinder> credit(const Token& token, const PeerId& beneficiary, int64_t change);
+    sp<BBinder> credit(const Token& token, const PeerId& beneficiary, int64_t change, Peer& passer);
 
     /// Releases objects on the notice thread: their destructors are foreign code.
     void letGo(Exports::Objects objects);
 
   private:
     Node();
-
-    /// Sees to it that the death of @p holder will be noticed.
-    void watchOver(const PeerId& holder);
 
     Acceptor mAcceptor;
 };

@@ -1,19 +1,14 @@
 #include "OnewayQueue.h"
 
+#include "Limits.h"
+
 namespace android::runtime {
-
-namespace {
-
-/// Waiting bytes beyond which nothing more is taken in; every call counts with a little for itself.
-constexpr size_t kMostBytes = 4 * kMaxTransaction;
-
-size_t sizeOf(const OnewayCall& call) { return sizeof(call) + call.data.dataCapacity(); }
-
-}  // namespace
 
 bool OnewayQueue::push(std::unique_ptr<OnewayCall> call) {
     const std::lock_guard<std::mutex> guard(mLock);
-    mBytes += sizeOf(*call);
+    Sender& sender = mSenders[call->caller.pid];
+    sender.bytes += call->weight;
+    sender.isGone = false;
     const auto [queue, isIdle] = mBusy.try_emplace(call->object.get());
     queue->second.push_back(std::move(call));
     return isIdle;
@@ -21,20 +16,24 @@ bool OnewayQueue::push(std::unique_ptr<OnewayCall> call) {
 
 bool OnewayQueue::hasRoom(Connection& connection) {
     const std::lock_guard<std::mutex> guard(mLock);
-    if (mBytes <= kMostBytes) return true;
-    mLeftAlone.push_back(&connection);
+    const auto sender = mSenders.find(connection.credentials().pid);
+    if (sender == mSenders.end() || sender->second.bytes <= kMostOnewayBytes) return true;
+    sender->second.leftAlone.push_back(&connection);
     return false;
 }
 
 void OnewayQueue::drain(const BBinder* object) {
-    while (const std::unique_ptr<OnewayCall> call = next(object)) {
-        resumeIfRoom();
+    std::vector<Connection*> resumed;
+    while (const std::unique_ptr<OnewayCall> call = next(object, &resumed)) {
+        for (Connection* const connection : resumed)
+            mResume(*connection);
+        resumed.clear();
         call->run();
     }
 }
 
 /// The object counts as busy until it is found without a call here.
-std::unique_ptr<OnewayCall> OnewayQueue::next(const BBinder* object) {
+std::unique_ptr<OnewayCall> OnewayQueue::next(const BBinder* object, std::vector<Connection*>* resumed) {
     const std::lock_guard<std::mutex> guard(mLock);
     const auto queue = mBusy.find(object);
     if (queue->second.empty()) {
@@ -43,18 +42,26 @@ std::unique_ptr<OnewayCall> OnewayQueue::next(const BBinder* object) {
     }
     std::unique_ptr<OnewayCall> call = std::move(queue->second.front());
     queue->second.pop_front();
-    mBytes -= sizeOf(*call);
+    discountLocked(*call, resumed);
     return call;
 }
 
-void OnewayQueue::resumeIfRoom() {
-    std::vector<Connection*> resumed;
-    {
-        const std::lock_guard<std::mutex> guard(mLock);
-        if (mBytes <= kMostBytes / 2) resumed.swap(mLeftAlone);
-    }
-    for (Connection* const connection : resumed)
-        mResume(*connection);
+/// @param resumed gets the connections that need not be left alone any longer.
+void OnewayQueue::discountLocked(const OnewayCall& call, std::vector<Connection*>* resumed) {
+    const auto found = mSenders.find(call.caller.pid);
+    Sender& sender = found->second;
+    sender.bytes -= call.weight;
+    if (sender.bytes <= kMostOnewayBytes / 2) resumed->swap(sender.leftAlone);
+    if (sender.bytes == 0 && sender.isGone) mSenders.erase(found);
+}
+
+/// Entries of processes that stay are kept, so that their calls need no memory for one.
+void OnewayQueue::forget(pid_t process) {
+    const std::lock_guard<std::mutex> guard(mLock);
+    const auto found = mSenders.find(process);
+    if (found == mSenders.end()) return;
+    found->second.isGone = true;
+    if (found->second.bytes == 0) mSenders.erase(found);
 }
 
 }  // namespace android::runtime

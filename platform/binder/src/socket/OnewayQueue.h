@@ -17,8 +17,9 @@ namespace android::runtime {
 
 /// Two calls of one object never run at the same time, nor out of order; those of different objects may.
 ///
-/// The bytes that wait are bounded: a connection that brings more is left alone, so that its sender feels the
-/// full socket, until half of them have run. mLock is a leaf; calls run without it.
+/// The bytes that wait are bounded for each sending process: its connections are left alone then, so that it
+/// feels the full socket and nobody else does, until half of them have run. mLock is a leaf; calls run
+/// without it.
 class OnewayQueue {
   public:
     using Resume = std::function<void(Connection&)>;
@@ -35,15 +36,23 @@ class OnewayQueue {
     /// Runs the object's calls until none is left.
     void drain(const BBinder* object);
 
+    /// For a process that has no connection any more.
+    void forget(pid_t process);
+
   private:
-    std::unique_ptr<OnewayCall> next(const BBinder* object);
-    void resumeIfRoom();
+    struct Sender {
+        size_t bytes = 0;
+        bool isGone = false;
+        std::vector<Connection*> leftAlone;
+    };
+
+    std::unique_ptr<OnewayCall> next(const BBinder* object, std::vector<Connection*>* resumed);
+    void discountLocked(const OnewayCall& call, std::vector<Connection*>* resumed);
 
     const Resume mResume;
     std::mutex mLock;
     std::unordered_map<const BBinder*, std::deque<std::unique_ptr<OnewayCall>>> mBusy;
-    size_t mBytes = 0;
-    std::vector<Connection*> mLeftAlone;
+    std::unordered_map<pid_t, Sender> mSenders;
 };
 
 }  // namespace android::runtime

@@ -59,7 +59,8 @@ void EncodedParcel::encodeBinder(size_t offset, const sp<IBinder>& binder) {
     record.offset = static_cast<uint32_t>(offset);
     if (BBinder* const local = binder->localBinder()) {
         record.owner = Node::instance().id;
-        record.token = mReceiver.lend(local);
+        const status_t status = mReceiver.lend(local, &record.token);
+        if (status != NO_ERROR) mStatus = status;
         if (record.token) mLent.push_back(record.token);
     } else if (BpBinder* const proxy = binder->remoteBinder()) {
         const auto& remote = static_cast<SocketRemote&>(proxy->remoteObject());
@@ -84,16 +85,16 @@ void EncodedParcel::sent() {
 
 namespace {
 
-sp<IBinder> objectOf(const ObjectRecord& record) {
+sp<IBinder> objectOf(const ObjectRecord& record, Peer& sender) {
     Node& node = Node::instance();
     if (!record.owner || !record.token) return nullptr;
-    return record.owner == node.id ? node.comeHome(record.token)
+    return record.owner == node.id ? node.comeHome(record.token, sender)
                                    : node.peers.get(record.owner)->receive(record.token);
 }
 
 }  // namespace
 
-void decode(Frame* frame, Parcel* parcel) {
+void decode(Frame* frame, Parcel* parcel, Peer& sender) {
     const FrameHeader& header = frame->header;
     std::vector<ObjectRecord> records;
     records.reserve(header.objectCount);
@@ -107,7 +108,7 @@ void decode(Frame* frame, Parcel* parcel) {
         if (record.kind == ObjectKind::kDescriptor) {
             ParcelAccess::addDescriptor(*parcel, record.offset, std::exchange(*nextFd++, -1));
         } else {
-            ParcelAccess::addBinder(*parcel, record.offset, objectOf(record));
+            ParcelAccess::addBinder(*parcel, record.offset, objectOf(record, sender));
         }
     }
 }

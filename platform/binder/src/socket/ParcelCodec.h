@@ -49,8 +49,8 @@ class EncodedParcel {
     std::vector<std::pair<std::shared_ptr<Peer>, Token>> mPassedOn;
 };
 
-/// Makes the body of @p frame the content of @p parcel: objects become proxies, or themselves when they live
-/// here; null stands for those that are gone.
-void decode(Frame* frame, Parcel* parcel);
+/// Makes the body of @p frame, which came from @p sender, the content of @p parcel: objects become proxies,
+/// or themselves when they live here; null stands for those that are gone.
+void decode(Frame* frame, Parcel* parcel, Peer& sender);
 
 }  // namespace android::runtime

@@ -3,6 +3,7 @@
 
 #include <binder/BpBinder.h>
 
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <mutex>
@@ -12,6 +13,7 @@
 
 #include "Connection.h"
 #include "Identity.h"
+#include "Quota.h"
 
 namespace android::runtime {
 
@@ -36,9 +38,22 @@ class Peer : public std::enable_shared_from_this<Peer> {
     const PeerId& id() const { return mId; }
 
     /// Opens a link unless there is one. @return false when the process is dead or cannot be reached.
-    bool ensureLinked();
-    /// Takes over a link that the peer opened. Closes it when it comes from another process than before.
+    /// @param wait whether to wait at a door before which too many stand already.
+    bool ensureLinked(bool wait);
+    /// As ensureLinked() without waiting, and goes on trying until there is a link or the process is found
+    /// dead. @return false when it would have to go on trying, as it does for too many others.
+    bool seekLink();
+    /// Takes over a link that the peer opened.
     void adoptLink(RuntimeFd fd, const Credentials& credentials);
+
+    /// Whether this peer is what the process at the other end of a connection may call itself: that process,
+    /// or one that cannot be asked.
+    bool isOf(const Credentials& credentials);
+    /// All zero as long as they are not known.
+    Credentials credentials();
+    /// The holder, in Exports, of this process's own objects while the peer sends them back, so that the
+    /// peer's own reference may end before they arrive.
+    const PeerId& homecoming() const { return mHomecoming; }
 
     bool isDead();
 
@@ -51,13 +66,16 @@ class Peer : public std::enable_shared_from_this<Peer> {
     status_t sendOneway(const FrameHeader& header, const void* data, const std::vector<ObjectRecord>& records,
                         const std::vector<int>& fds);
 
-    /// The proxy of the peer's object, for a reference that was received just now.
+    /// The proxy of the peer's object, for a reference that was received just now; null when there are too
+    /// many.
     sp<IBinder> receive(const Token& token);
     /// The proxy of an object whose token was found, not received: takes a reference first.
     sp<IBinder> acquire(const Token& token);
 
-    /// Counts a reference of the peer to an object of this process. @return no token when the peer is dead.
-    Token lend(const sp<BBinder>& object);
+    /// Counts a reference of the peer to an object of this process.
+    /// @param token the object's; none when the peer is dead.
+    /// @return NO_ERROR; FAILED_TRANSACTION when the peer has too many objects.
+    status_t lend(const sp<BBinder>& object, Token* token);
     void takeBack(const Token& token);
 
     /// Says that the peer's own object named by @p token is about to be given to @p beneficiary; said in
@@ -74,29 +92,43 @@ class Peer : public std::enable_shared_from_this<Peer> {
         RuntimeFd fd;
         uint64_t watch = 0;
         std::string incoming;  // the beginning of a message
+        Quota::Share share;    // of one that the peer opened
     };
     struct Proxy {
         wp<BpBinder> binder;
         SocketRemote* remote = nullptr;  // valid as long as the binder
     };
 
-    std::unique_ptr<Connection> open(ConnectionKind kind, status_t* status);
-    bool addLink(RuntimeFd fd, const Credentials& credentials);
+    /// How long to leave alone what cannot be had or sent just now.
+    static constexpr std::chrono::milliseconds kPause{50};
+
+    RuntimeFd knock(ConnectionKind kind, bool wait, Credentials* credentials, status_t* status);
+    std::unique_ptr<Connection> open(ConnectionKind kind, bool wait, status_t* status);
+    bool addLink(RuntimeFd fd, const Credentials& credentials, Quota::Share share);
+    void seekLater();
     void onLinkEvent(const std::shared_ptr<Link>& link, uint32_t events);
     bool readLink(Link* link);
-    void obey(const LinkMessage& message);
+    bool obey(const LinkMessage& message);
     void tell(const LinkMessage& message);
     void flushLocked();
+    void giveUpLocked();
+    bool hasOnewayRoom();
+    void finishOnewayLater();
+    void finishOneway();
     void dropOneway();
+    bool hasTooManyProxies(const Token& token);
     bool isHungUp();
     void die();
 
     Node& mNode;
     const PeerId mId;
+    const PeerId mHomecoming;
 
     std::mutex mLock;
     bool mDead = false;
-    pid_t mPid = 0;
+    bool mGivenUp = false;  // dead as soon as the reactor gets to it
+    Credentials mCredentials;
+    Quota::Share mSeeking;  // while a timer tries to open a link
     std::vector<std::shared_ptr<Link>> mLinks;
     std::string mOutbox;  // link messages that the first link had no room for
     std::vector<std::unique_ptr<Connection>> mIdle;
@@ -106,6 +138,7 @@ class Peer : public std::enable_shared_from_this<Peer> {
     std::mutex mOnewayLock;
     std::unique_ptr<Connection> mOneway;
     bool mOnewayIsFull = false;
+    bool mFinishing = false;  // a timer sends the rest of a call
 };
 
 /// The peers that anything here still refers to. mLock is a leaf.

@@ -90,9 +90,7 @@ std::vector<std::string> ServiceDirectory::names() const {
     return names;
 }
 
-bool ServiceDirectory::isAlive(const PeerId& owner) const {
-    return mFolder.connect(owner.toString(), true).isOpen();
-}
+bool ServiceDirectory::isAlive(const PeerId& owner) const { return mFolder.isAlive(owner.toString()); }
 
 RuntimeFd ServiceDirectory::watchFolder() const {
     RuntimeFd watch(inotify_init1(IN_CLOEXEC | IN_NONBLOCK));

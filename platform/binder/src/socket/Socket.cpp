@@ -30,6 +30,15 @@ void waitForRoom(int fd) {
     poll(&wanted, 1, -1);
 }
 
+std::string bytesLeft(const msghdr& message) {
+    std::string bytes;
+    for (size_t i = 0; i < message.msg_iovlen; ++i) {
+        const iovec& part = message.msg_iov[i];
+        bytes.append(static_cast<const char*>(part.iov_base), part.iov_len);
+    }
+    return bytes;
+}
+
 bool isHangUp(int error) { return error == EPIPE || error == ECONNRESET; }
 
 /// Drops the first @p count bytes and the parts that are empty then.
@@ -88,6 +97,10 @@ RuntimeFd SocketFolder::connect(const std::string& name, bool wait) const {
     return fd;
 }
 
+bool SocketFolder::isAlive(const std::string& name) const {
+    return connect(name, false).isOpen() || errno == EAGAIN;
+}
+
 bool readCredentials(int fd, Credentials* out) {
     ucred kernel{};
     socklen_t size = sizeof(kernel);
@@ -108,7 +121,7 @@ ssize_t receiveMessage(int fd, msghdr* message, int flags) {
     return syscall(SYS_recvmsg, fd, message, flags);
 }
 
-Sent sendAll(int fd, iovec* parts, size_t partCount, const int* fds, size_t fdCount) {
+Sent sendAll(int fd, iovec* parts, size_t partCount, const int* fds, size_t fdCount, std::string* rest) {
     alignas(cmsghdr) uint8_t control[CMSG_SPACE(kMaxDescriptors * sizeof(int))];
     msghdr message{};
     message.msg_iov = parts;
@@ -125,14 +138,17 @@ Sent sendAll(int fd, iovec* parts, size_t partCount, const int* fds, size_t fdCo
     }
     bool begun = false;
     while (message.msg_iovlen > 0) {
-        const ssize_t sent = sendMessage(fd, &message, MSG_NOSIGNAL);
+        const ssize_t sent = sendMessage(fd, &message, MSG_NOSIGNAL | (rest != nullptr ? MSG_DONTWAIT : 0));
         if (sent >= 0) {
             advance(&message, static_cast<size_t>(sent));
             message.msg_controllen = 0;
             message.msg_control = nullptr;
             begun = true;
-        } else if (errno == EAGAIN) {
+        } else if (errno == EAGAIN && rest == nullptr) {
             waitForRoom(fd);
+        } else if (errno == EAGAIN && begun) {
+            *rest = bytesLeft(message);
+            return Sent::kBegun;
         } else if (errno != EINTR) {
             return begun || isHangUp(errno) ? Sent::kGone : Sent::kNothing;
         }

@@ -34,6 +34,9 @@ class SocketFolder {
     /// @param wait whether to wait when the listener has no room for the moment, instead of EAGAIN.
     RuntimeFd connect(const std::string& name, bool wait) const;
 
+    /// Whether somebody listens at the socket @p name, though he may have no room for the moment.
+    bool isAlive(const std::string& name) const;
+
   private:
     bool address(const std::string& name, sockaddr_un* out) const;
 
@@ -52,13 +55,17 @@ ssize_t receiveMessage(int fd, msghdr* message, int flags);
 
 enum class Sent {
     kAll,
+    kBegun,    ///< the socket is full; the bytes that it has not taken are in @c rest
     kNothing,  ///< the kernel takes it not at all, @c errno says why; the socket is as good as before
     kGone,     ///< the other end is gone, or has got a part and will never get the rest
 };
 
-/// Sends everything, or fails. Waits while the socket is full; never raises SIGPIPE.
+/// Sends everything, or fails. Never raises SIGPIPE.
 /// @param parts changed while sending.
 /// @param fds   travel with the first byte.
-Sent sendAll(int fd, iovec* parts, size_t partCount, const int* fds, size_t fdCount);
+/// @param rest  null to wait while the socket is full. Otherwise nothing waits: kNothing with EAGAIN when the
+///              socket takes no byte, kBegun when it does not take all of them.
+Sent sendAll(int fd, iovec* parts, size_t partCount, const int* fds, size_t fdCount,
+             std::string* rest = nullptr);
 
 }  // namespace android::runtime

@@ -45,6 +45,7 @@ class SocketTransport : public Transport {
 status_t SocketTransport::publish(const std::string& name, const sp<BBinder>& service) {
     const std::lock_guard<std::mutex> guard(mLock);
     const Token token = mNode.exports.lend(service, mNode.id);
+    if (!token) return NO_MEMORY;
     const status_t status = mDirectory.publish(name, {mNode.id, token});
     if (status != NO_ERROR) {
         withdraw(token);

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "../Log.h"
+#include "Limits.h"
 #include "RuntimeThread.h"
 
 namespace android::runtime {
@@ -20,15 +21,16 @@ constexpr int kPatienceMs = 5;
 /// How many calls in a row one connection gets while there are more connections than threads.
 constexpr int kTurn = 32;
 
-/// A process has one connection per call that it has under way, and a few at rest.
-constexpr size_t kMostOfAProcess = 512;
-
-constexpr uint32_t kOnce = EPOLLIN | EPOLLRDHUP | EPOLLONESHOT;
+/// What to wait for. While an answer waits for room, nothing that the other end says is of interest.
+uint32_t eventsOf(const Connection& connection) {
+    return EPOLLONESHOT | (connection.hasUnsent() ? EPOLLOUT : EPOLLIN | EPOLLRDHUP);
+}
 
 }  // namespace
 
-WorkerPool::WorkerPool()
-    : mEpoll(epoll_create1(EPOLL_CLOEXEC)),
+WorkerPool::WorkerPool(RefusalLog& refusals)
+    : mRefusals(refusals),
+      mEpoll(epoll_create1(EPOLL_CLOEXEC)),
       mOneway([this](Connection& connection) { putBack(connection); }) {}
 
 bool WorkerPool::add(std::unique_ptr<Connection> connection) {
@@ -36,17 +38,17 @@ bool WorkerPool::add(std::unique_ptr<Connection> connection) {
     if (added.kind() == ConnectionKind::kCall) added.setPatience(kPatienceMs);
     {
         const std::lock_guard<std::mutex> guard(mLock);
-        size_t& count = mByProcess[added.credentials().pid];
-        if (count >= kMostOfAProcess) return false;
-        ++count;
+        size_t& connections = mByProcess[added.credentials().pid].connections;
+        if (connections >= kMostConnections) return false;
+        ++connections;
         mConnections.emplace(&added, std::move(connection));
         mConnectionCount = mConnections.size();
     }
-    epoll_event event{kOnce, {}};
+    epoll_event event{eventsOf(added), {}};
     event.data.ptr = &added;
     if (epoll_ctl(mEpoll.get(), EPOLL_CTL_ADD, added.fd(), &event) == 0) return true;
     BINDER_LOGE("a connection cannot be watched: %s", strerror(errno));
-    drop(added);
+    drop(added, nullptr);
     return true;
 }
 
@@ -104,11 +106,13 @@ void WorkerPool::serve(Connection& connection) {
 void WorkerPool::serveCalls(Connection& connection) {
     Wait wait = Wait::kNo;
     for (int served = 0;; ++served) {
+        if (connection.hasUnsent() && !connection.flush()) return putBack(connection);
         Frame frame;
         const Received received = connection.receive(&frame, wait);
         if (received == Received::kNothing) return putBack(connection);
-        if (received != Received::kFrame || frame.header.kind != FrameKind::kCall) return drop(connection);
-        if (!serveCall(connection, &frame)) return drop(connection);
+        if (received != Received::kFrame || !connection.expects(frame, FrameKind::kCall))
+            return drop(connection, connection.offence());
+        if (!serveCall(connection, &frame)) return drop(connection, connection.offence());
         if (!mayStay(served)) return putBack(connection);
         wait = Wait::kBriefly;
     }
@@ -116,10 +120,12 @@ void WorkerPool::serveCalls(Connection& connection) {
 
 /// One frame, so that the next can be received by another thread while this one runs the call.
 void WorkerPool::serveOneway(Connection& connection) {
+    if (!mOneway.hasRoom(connection)) return;
     Frame frame;
     const Received received = connection.receive(&frame, Wait::kNo);
     if (received == Received::kNothing) return putBack(connection);
-    if (received != Received::kFrame || frame.header.kind != FrameKind::kOneway) return drop(connection);
+    if (received != Received::kFrame || !connection.expects(frame, FrameKind::kOneway))
+        return drop(connection, connection.offence());
     auto call = std::make_unique<OnewayCall>(connection, &frame);
     const sp<BBinder> object = call->object;
     const bool mustDrain = object != nullptr && mOneway.push(std::move(call));
@@ -133,21 +139,45 @@ bool WorkerPool::mayStay(int servedHere) {
 }
 
 void WorkerPool::putBack(Connection& connection) {
+    if (connection.held() != connection.counted && !count(connection))
+        return drop(connection, "it leaves too much half sent or half read");
     connection.handOver();
-    epoll_event event{kOnce, {}};
+    epoll_event event{eventsOf(connection), {}};
     event.data.ptr = &connection;
     epoll_ctl(mEpoll.get(), EPOLL_CTL_MOD, connection.fd(), &event);
 }
 
-void WorkerPool::drop(Connection& connection) {
-    std::unique_ptr<Connection> dropped;
+/// @return false when the connections of its process hold too much with what this one holds now.
+bool WorkerPool::count(Connection& connection) {
+    const std::lock_guard<std::mutex> guard(mLock);
+    size_t& bytes = mByProcess[connection.credentials().pid].heldBytes;
+    const size_t others = bytes - connection.counted;
+    const bool grows = connection.held() > connection.counted;
+    if (grows && others + connection.held() > kMostHeldBytes) return false;
+    connection.counted = connection.held();
+    bytes = others + connection.counted;
+    return true;
+}
+
+void WorkerPool::drop(Connection& connection, const char* offence) {
+    const Credentials who = connection.credentials();
+    if (offence != nullptr) mRefusals.tell(who, offence);
+    if (discard(connection)) mOneway.forget(who.pid);
+}
+
+/// @return whether it was the last one of its process.
+bool WorkerPool::discard(Connection& connection) {
+    std::unique_ptr<Connection> discarded;
     const std::lock_guard<std::mutex> guard(mLock);
     const auto found = mConnections.find(&connection);
-    dropped = std::move(found->second);
+    discarded = std::move(found->second);
     mConnections.erase(found);
-    const auto process = mByProcess.find(dropped->credentials().pid);
-    if (--process->second == 0) mByProcess.erase(process);
     mConnectionCount = mConnections.size();
+    const auto process = mByProcess.find(discarded->credentials().pid);
+    process->second.heldBytes -= discarded->counted;
+    if (--process->second.connections > 0) return false;
+    mByProcess.erase(process);
+    return true;
 }
 
 }  // namespace android::runtime

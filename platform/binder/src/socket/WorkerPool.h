@@ -9,6 +9,7 @@
 
 #include "Connection.h"
 #include "OnewayQueue.h"
+#include "RefusalLog.h"
 #include "RuntimeFd.h"
 
 namespace android::runtime {
@@ -22,7 +23,7 @@ namespace android::runtime {
 /// list of connections and the thread counts.
 class WorkerPool {
   public:
-    WorkerPool();
+    explicit WorkerPool(RefusalLog& refusals);
 
     /// Any thread. Calls wait in their sockets until there is a thread to serve them.
     /// @return false, and the connection is closed, when its process has as many as one is allowed.
@@ -34,6 +35,12 @@ class WorkerPool {
     [[noreturn]] void join();
 
   private:
+    /// What the connections of one process come to.
+    struct Process {
+        size_t connections = 0;
+        size_t heldBytes = 0;
+    };
+
     void spawn();
     void spawnIfNobodyWaits();
     [[noreturn]] void work();
@@ -43,15 +50,18 @@ class WorkerPool {
     void serveOneway(Connection& connection);
     bool mayStay(int servedHere);
     void putBack(Connection& connection);
-    void drop(Connection& connection);
+    bool count(Connection& connection);
+    void drop(Connection& connection, const char* offence);
+    bool discard(Connection& connection);
 
+    RefusalLog& mRefusals;
     const RuntimeFd mEpoll;
     OnewayQueue mOneway;
     std::atomic<int> mWaiting{0};  // threads that look after the set
 
     std::mutex mLock;
     std::unordered_map<const Connection*, std::unique_ptr<Connection>> mConnections;
-    std::unordered_map<pid_t, size_t> mByProcess;  // how many of them
+    std::unordered_map<pid_t, Process> mByProcess;
     bool mStarted = false;
     size_t mMaxThreads = 15;
     size_t mPoolThreads = 0;
