@@ -14,6 +14,7 @@
 #include "tests/simulator/Samples.h"
 #include "tests/simulator/SimulatorProcess.h"
 #include "tests/support/ChildProcess.h"
+#include "tests/support/Sanitized.h"
 
 namespace accessory::simulator::test {
 namespace {
@@ -24,13 +25,7 @@ using std::chrono::steady_clock;
 constexpr double kFlat = 0.15;
 
 /// Sanitizers keep what was freed, and have threads of their own.
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr bool kSanitized = true;
-#elif defined(__has_feature)
-constexpr bool kSanitized = __has_feature(address_sanitizer) || __has_feature(thread_sanitizer);
-#else
-constexpr bool kSanitized = false;
-#endif
+using accessory::test::kSanitized;
 
 std::chrono::seconds duration() {
     const char* const seconds = getenv("ACCESSORY_SOAK_SECONDS");

@@ -88,6 +88,14 @@ void ChildProcess::kill(int signal) {
     if (!mStatus) ::kill(mPid, signal);
 }
 
+/// A thread of the child that is awake may go on for a while after kill() has returned.
+void ChildProcess::stop() {
+    kill(SIGSTOP);
+    siginfo_t stopped{};
+    while (waitid(P_PID, static_cast<id_t>(mPid), &stopped, WSTOPPED) < 0 && errno == EINTR) {
+    }
+}
+
 int ChildProcess::wait(std::chrono::milliseconds patience, const char* file, int line) {
     if (!eventually([this] { return reap(WNOHANG); }, patience)) {
         ADD_FAILURE_AT(file, line) << name() << " did not end within " << patience.count() << " ms";

@@ -45,6 +45,9 @@ class ChildProcess {
     /// Sends the child a signal; nothing happens once wait() has returned.
     void kill(int signal = SIGKILL);
 
+    /// Sends SIGSTOP and waits until every thread of the child stands still, which SIGCONT or SIGKILL ends.
+    void stop();
+
     /// Waits for the end of the child, however often it is called.
     /// @return its status as waitpid() tells it, for testing::ExitedWithCode and testing::KilledBySignal;
     /// when it does not end within @p patience, the test has failed and the child is killed.

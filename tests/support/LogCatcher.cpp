@@ -8,6 +8,7 @@
 #include <iterator>
 #include <mutex>
 #include <sstream>
+#include <utility>
 
 #include "tests/support/LogSink.h"
 
@@ -42,9 +43,9 @@ class Recorder {
         return mLines;
     }
 
-    void clear() {
+    std::vector<LogLine> take() {
         const std::lock_guard lock(mLock);
-        mLines.clear();
+        return std::exchange(mLines, {});
     }
 
     bool waitFor(const testing::Matcher<const LogLine&>& wanted, std::chrono::milliseconds patience) {
@@ -128,7 +129,8 @@ LogCatcher::LogCatcher() { recorder().begin(); }
 LogCatcher::~LogCatcher() { recorder().end(); }
 
 std::vector<LogLine> LogCatcher::lines() const { return recorder().lines(); }
-void LogCatcher::clear() { recorder().clear(); }
+std::vector<LogLine> LogCatcher::take() { return recorder().take(); }
+void LogCatcher::clear() { take(); }
 
 std::vector<LogLine> LogCatcher::linesWith(const std::string& tag) const {
     std::vector<LogLine> all = lines();

@@ -53,6 +53,9 @@ class LogCatcher {
     /// The lines of one tag, in order.
     std::vector<LogLine> linesWith(const std::string& tag) const;
 
+    /// All lines so far, which are forgotten: none is told twice, and none is missed.
+    std::vector<LogLine> take();
+
     /// Forgets the lines so far.
     void clear();
 

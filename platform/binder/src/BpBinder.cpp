@@ -35,6 +35,11 @@ const String16& BpBinder::getInterfaceDescriptor() const {
     return mDescriptorCache;
 }
 
+String16 BpBinder::knownDescriptor() const {
+    const std::lock_guard<std::mutex> guard(mLock);
+    return mDescriptorCache;
+}
+
 status_t BpBinder::pingBinder() {
     Parcel request;
     Parcel reply;

@@ -45,6 +45,9 @@ class BINDER_EXPORT BpBinder : public IBinder {
     /// For the runtime: the hosting process has ended. Tells every linked recipient, once.
     void sendObituary();
 
+    /// For the runtime: the descriptor if it has been asked for before, else an empty one.
+    String16 knownDescriptor() const;
+
     /// For the runtime: how the transport reaches the object.
     runtime::RemoteObject& remoteObject() const { return *mRemote; }
 

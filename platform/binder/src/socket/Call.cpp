@@ -11,6 +11,7 @@
 #include "Limits.h"
 #include "Node.h"
 #include "ParcelCodec.h"
+#include "SlowCall.h"
 
 namespace android::runtime {
 
@@ -115,12 +116,14 @@ status_t awaitReply(Connection& connection, Parcel* reply, bool* intact, trace::
 status_t callOn(Connection& connection, const FrameHeader& header, const Parcel& data, Parcel* reply,
                 bool* intact) {
     const Active active(connection);
+    SlowCall slow(connection, header, data);
     trace::Exchange traced(trace::Direction::kOut, connection.credentials());
     *intact = true;
     status_t status = sendFrame(connection, header, data, &traced);
     if (status == DEAD_OBJECT) *intact = false;
     if (status == NO_ERROR) status = awaitReply(connection, reply, intact, &traced);
     traced.end(header, status);
+    slow.ended(status);
     return status;
 }
 

@@ -28,6 +28,11 @@ constexpr size_t kWorthJoining = 2048;
 /// From this size on the way through shared memory is the shorter one.
 constexpr size_t kWorthSharing = size_t{16} * 1024;
 
+void setTimeLimit(int fd, int option, std::chrono::milliseconds span) {
+    const timeval limit{span.count() / 1000, suseconds_t{span.count() % 1000} * 1000};
+    setsockopt(fd, SOL_SOCKET, option, &limit, sizeof(limit));
+}
+
 }  // namespace
 
 Block& Block::operator=(Block&& other) noexcept {
@@ -48,15 +53,14 @@ Connection::Connection(RuntimeFd fd, ConnectionKind kind, std::shared_ptr<Peer> 
                        const Credentials& credentials)
     : mFd(std::move(fd)), mKind(kind), mPeer(std::move(peer)), mCredentials(credentials) {}
 
-void Connection::setPatience(int milliseconds) {
-    timeval limit{milliseconds / 1000, suseconds_t{milliseconds % 1000} * 1000};
-    setsockopt(mFd.get(), SOL_SOCKET, SO_RCVTIMEO, &limit, sizeof(limit));
+void Connection::setTimeLimits(std::chrono::milliseconds receiving, std::chrono::milliseconds sending) {
+    setTimeLimit(mFd.get(), SO_RCVTIMEO, receiving);
+    setTimeLimit(mFd.get(), SO_SNDTIMEO, sending);
 }
 
 status_t Connection::send(const FrameHeader& header, const void* data,
                           const std::vector<ObjectRecord>& records, const std::vector<int>& fds) {
-    while (hasUnsent() && !flush())
-        hasRoom(-1);
+    flushAll();
     FrameHeader sent = header;
     const bool shared = share(&sent, data);
     const bool offers = !shared && offerBlock(header);
@@ -78,7 +82,7 @@ status_t Connection::send(const FrameHeader& header, const void* data,
     const int block = offers ? mBlock->fd() : -1;
     const int* const descriptors = offers ? &block : fds.data();
     std::string* const rest = header.kind == FrameKind::kCall ? nullptr : &mUnsent;
-    switch (sendAll(mFd.get(), parts, count, descriptors, descriptorsOf(sent), rest)) {
+    switch (sendAll(mFd.get(), parts, count, descriptors, descriptorsOf(sent), rest, mPatience)) {
         case Sent::kAll:
         case Sent::kBegun:
             return NO_ERROR;
@@ -142,6 +146,11 @@ bool Connection::flush() {
     return true;
 }
 
+void Connection::flushAll() {
+    while (hasUnsent() && !flush())
+        awaitSocket(mFd.get(), POLLOUT, false, mPatience);
+}
+
 /// The other end misses a part, so nothing that it says makes sense any more: receive() finds the end.
 void Connection::giveUp() { shutdown(mFd.get(), SHUT_RDWR); }
 
@@ -155,8 +164,7 @@ bool Connection::hasRoom(int milliseconds) const {
 }
 
 Received Connection::receive(Frame* frame, Wait wait) {
-    while (wait == Wait::kForever && hasUnsent() && !flush())
-        hasRoom(-1);
+    if (wait == Wait::kForever) flushAll();
     for (;;) {
         switch (readMore(wait)) {
             case Progress::kNone:
@@ -240,13 +248,12 @@ Connection::Progress Connection::take(void* room, size_t size, Wait wait, size_t
     return received == 0 ? Progress::kEnd : Progress::kGoOn;
 }
 
-Connection::Progress Connection::readFailed(Wait wait) const {
-    if (errno == EINTR) return wait == Wait::kForever ? Progress::kGoOn : Progress::kNone;
-    if (errno != EAGAIN) return Progress::kEnd;
+Connection::Progress Connection::readFailed(Wait wait) {
+    const bool lapsed = errno == EAGAIN;
+    if (!lapsed && errno != EINTR) return Progress::kEnd;
     if (wait != Wait::kForever) return Progress::kNone;
-    // The socket's time limit serves Wait::kBriefly; a longer wait must not wake up for it again and again.
-    pollfd readable{mFd.get(), POLLIN, 0};
-    poll(&readable, 1, -1);
+    // A longer wait must not wake up for the socket's time limit again and again.
+    awaitSocket(mFd.get(), POLLIN, lapsed, mPatience);
     return Progress::kGoOn;
 }
 

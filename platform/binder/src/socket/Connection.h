@@ -4,6 +4,7 @@
 #include <sys/socket.h>
 
 #include <atomic>
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -94,14 +95,18 @@ class Connection {
     /// finds.
     bool hasRoom(int milliseconds) const;
 
-    /// @param wait kBriefly waits as long as setPatience() said.
+    /// @param wait kBriefly waits as long as setTimeLimits() said.
     Received receive(Frame* frame, Wait wait);
 
     /// Whether @p frame is of the one kind that may come now; otherwise the other end breaks the protocol.
     bool expects(const Frame& frame, FrameKind kind);
 
-    /// How long Wait::kBriefly waits.
-    void setPatience(int milliseconds);
+    /// How long Wait::kBriefly waits, and how long either way is waited for before the patience is asked; 0
+    /// for ever.
+    void setTimeLimits(std::chrono::milliseconds receiving, std::chrono::milliseconds sending);
+
+    /// Says how to wait beyond the time limits from here on; null: quietly. @return who said it so far.
+    Patience* exchangePatience(Patience* patience) { return std::exchange(mPatience, patience); }
 
     /// For two threads of which the kernel wakes one because of what the other did: the first says handOver()
     /// in front, the second takeOver() afterwards, and the language knows of their order as well.
@@ -120,11 +125,12 @@ class Connection {
     Progress readBeginning(Wait wait);
     Progress readBody(Wait wait);
     Progress take(void* room, size_t size, Wait wait, size_t* got);
-    Progress readFailed(Wait wait) const;
+    Progress readFailed(Wait wait);
     bool noteDescriptors(msghdr* message);
     bool descriptorsComplete();
     bool headerComplete() const { return mHeaderBytes == sizeof(FrameHeader); }
     bool bodyComplete() const { return headerComplete() && mBodyBytes >= streamedSize(mFrame.header); }
+    void flushAll();
     status_t refused(const FrameHeader& header);
     bool share(FrameHeader* header, const void* data);
     bool offerBlock(const FrameHeader& header);
@@ -146,6 +152,7 @@ class Connection {
     std::atomic<bool> mHandedOver{false};
     std::string mUnsent;
     const char* mOffence = nullptr;
+    Patience* mPatience = nullptr;
 
     enum class Sending { kNoBlock, kOffered, kAccepted, kRefused };
     Sending mSending = Sending::kNoBlock;

@@ -66,7 +66,8 @@ sp<BBinder> Node::credit(const Token& token, const PeerId& beneficiary, int64_t 
 
 void Node::letGo(Exports::Objects objects) {
     if (objects.empty()) return;
-    notices.post([objects = std::move(objects)]() mutable { objects.clear(); });
+    notices.post("releasing objects that nobody holds",
+                 [objects = std::move(objects)]() mutable { objects.clear(); });
 }
 
 }  // namespace android::runtime

@@ -35,8 +35,8 @@ class Node {
     Quota unreached{kMostUnreached};  // all of them this process's own
     Exports exports;
     PeerTable peers;
-    NoticeThread notices;
     Reactor reactor;
+    NoticeThread notices{reactor};
     WorkerPool workers{refusals};
 
     /// An object of this process, by its token, that @p sender has sent back.

@@ -5,26 +5,44 @@
 #include <deque>
 #include <functional>
 #include <mutex>
+#include <string>
+
+#include "LongWait.h"
+#include "Reactor.h"
 
 namespace android::runtime {
 
 /// Runs foreign code that the runtime provokes outside any call, in order, one after the other: recipients of
 /// death notices and destructors of lent objects may lock and wait without holding up the reactor. The thread
-/// starts with the first notice. mLock is a leaf; notices run without it.
+/// starts with the first notice. A notice that holds up others for long is told to the log. mLock is a leaf;
+/// notices run without it.
 class NoticeThread {
   public:
-    using Notice = std::function<void()>;
+    explicit NoticeThread(Reactor& reactor) : mReactor(reactor) {}
 
-    /// Runs @p notice soon, after all that were posted before. Any thread.
-    void post(Notice notice);
+    /// Runs @p action soon, after all that were posted before. Any thread.
+    /// @param subject what the log calls it.
+    void post(std::string subject, std::function<void()> action);
 
   private:
-    void run();
+    struct Notice {
+        std::string subject;
+        std::function<void()> action;
+    };
 
+    void run();
+    void end();
+    void watch();
+    void look();
+
+    Reactor& mReactor;
     std::mutex mLock;
     std::condition_variable mArrived;
     std::deque<Notice> mNotices;
     bool mStarted = false;
+    std::string mSubject;  // of the notice that runs; none when empty
+    LongWait mRunning;
+    bool mWatched = false;  // a look is due
 };
 
 }  // namespace android::runtime

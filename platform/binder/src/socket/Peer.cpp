@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "../Log.h"
+#include "LongWait.h"
 #include "Node.h"
 
 namespace android::runtime {
@@ -46,8 +47,12 @@ RuntimeFd Peer::knock(ConnectionKind kind, bool wait, Credentials* credentials, 
 std::unique_ptr<Connection> Peer::open(ConnectionKind kind, bool wait, status_t* status) {
     Credentials credentials;
     RuntimeFd fd = knock(kind, wait, &credentials, status);
-    if (fd.isOpen())
-        return std::make_unique<Connection>(std::move(fd), kind, shared_from_this(), credentials);
+    if (fd.isOpen()) {
+        auto opened = std::make_unique<Connection>(std::move(fd), kind, shared_from_this(), credentials);
+        if (kind == ConnectionKind::kCall)
+            opened->setTimeLimits(LongWait::firstSpan(), LongWait::firstSpan());
+        return opened;
+    }
     if (*status == FAILED_TRANSACTION) BINDER_LOGE("cannot connect to a peer: %s", strerror(errno));
     return nullptr;
 }
@@ -104,10 +109,12 @@ void Peer::die() {
     std::vector<std::shared_ptr<Link>> links;
     std::vector<std::unique_ptr<Connection>> idle;
     std::vector<sp<BpBinder>> bereaved;
+    pid_t process = 0;
     {
         const std::lock_guard<std::mutex> guard(mLock);
         if (mDead) return;
         mDead = true;
+        process = mCredentials.pid;
         links.swap(mLinks);
         idle.swap(mIdle);
         for (const auto& [token, proxy] : mProxies) {
@@ -122,8 +129,9 @@ void Peer::die() {
     const std::string name = mId.toString();
     if (!mNode.folder.isAlive(name) && errno == ECONNREFUSED) unlink(mNode.folder.pathOf(name).c_str());
     mNode.letGo(mNode.exports.dropHolder(mId));
+    const std::string subject = "telling of the death of process " + std::to_string(process);
     for (sp<BpBinder>& binder : bereaved) {
-        mNode.notices.post([binder = std::move(binder)] { binder->sendObituary(); });
+        mNode.notices.post(subject, [binder = std::move(binder)] { binder->sendObituary(); });
     }
     dropOneway();
 }

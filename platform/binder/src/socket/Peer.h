@@ -72,6 +72,10 @@ class Peer : public std::enable_shared_from_this<Peer> {
     /// The proxy of an object whose token was found, not received: takes a reference first.
     sp<IBinder> acquire(const Token& token);
 
+    /// The interface of the peer's object as far as its proxy knows it, else the number of the proxy; for the
+    /// log.
+    std::string nameOf(const Token& token);
+
     /// Counts a reference of the peer to an object of this process.
     /// @param token the object's; none when the peer is dead.
     /// @return NO_ERROR; FAILED_TRANSACTION when the peer has too many objects.

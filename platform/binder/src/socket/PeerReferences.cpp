@@ -1,6 +1,7 @@
 // References to a peer's objects, and the peer's to those of this process.
 #include <memory>
 #include <mutex>
+#include <string>
 #include <utility>
 
 #include "Limits.h"
@@ -47,6 +48,19 @@ sp<IBinder> Peer::acquire(const Token& token) {
     if (!ensureLinked(true) || isHungUp()) return nullptr;
     tell({LinkMessageKind::kAcquire, 1, token, {}});
     return receive(token);
+}
+
+std::string Peer::nameOf(const Token& token) {
+    sp<BpBinder> binder;
+    {
+        const std::lock_guard<std::mutex> guard(mLock);
+        const auto proxy = mProxies.find(token);
+        if (proxy != mProxies.end()) binder = proxy->second.binder.promote();
+    }
+    if (binder == nullptr) return "an object";
+    const String16 descriptor = binder->knownDescriptor();
+    if (descriptor.size() > 0) return String8(descriptor).string();
+    return "object " + std::to_string(binder->handle());
 }
 
 void Peer::forget(const SocketRemote& remote) {

@@ -25,11 +25,6 @@ RuntimeFd newSocket(int flags) { return RuntimeFd(socket(AF_UNIX, SOCK_STREAM | 
 
 const sockaddr* generic(const sockaddr_un& address) { return reinterpret_cast<const sockaddr*>(&address); }
 
-void waitForRoom(int fd) {
-    pollfd wanted{fd, POLLOUT, 0};
-    poll(&wanted, 1, -1);
-}
-
 std::string bytesLeft(const msghdr& message) {
     std::string bytes;
     for (size_t i = 0; i < message.msg_iovlen; ++i) {
@@ -121,7 +116,14 @@ ssize_t receiveMessage(int fd, msghdr* message, int flags) {
     return syscall(SYS_recvmsg, fd, message, flags);
 }
 
-Sent sendAll(int fd, iovec* parts, size_t partCount, const int* fds, size_t fdCount, std::string* rest) {
+void awaitSocket(int fd, short events, bool lapsed, Patience* patience) {
+    if (patience != nullptr) return patience->await(fd, events, lapsed);
+    pollfd wanted{fd, events, 0};
+    poll(&wanted, 1, -1);
+}
+
+Sent sendAll(int fd, iovec* parts, size_t partCount, const int* fds, size_t fdCount, std::string* rest,
+             Patience* patience) {
     alignas(cmsghdr) uint8_t control[CMSG_SPACE(kMaxDescriptors * sizeof(int))];
     msghdr message{};
     message.msg_iov = parts;
@@ -145,7 +147,7 @@ Sent sendAll(int fd, iovec* parts, size_t partCount, const int* fds, size_t fdCo
             message.msg_control = nullptr;
             begun = true;
         } else if (errno == EAGAIN && rest == nullptr) {
-            waitForRoom(fd);
+            awaitSocket(fd, POLLOUT, true, patience);
         } else if (errno == EAGAIN && begun) {
             *rest = bytesLeft(message);
             return Sent::kBegun;

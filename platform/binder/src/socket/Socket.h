@@ -53,6 +53,21 @@ bool readCredentials(int fd, Credentials* out);
 ssize_t sendMessage(int fd, const msghdr* message, int flags);
 ssize_t receiveMessage(int fd, msghdr* message, int flags);
 
+/// How to wait for a socket beyond its own time limit.
+class Patience {
+  public:
+    /// Returns when @p fd is ready for @p events of poll(), its end included.
+    /// @param lapsed whether the socket's time limit is over; else it was not waited for, or a signal came in
+    ///               between.
+    virtual void await(int fd, short events, bool lapsed) = 0;
+
+  protected:
+    ~Patience() = default;
+};
+
+/// As @p patience does it, else quietly for ever.
+void awaitSocket(int fd, short events, bool lapsed, Patience* patience);
+
 enum class Sent {
     kAll,
     kBegun,    ///< the socket is full; the bytes that it has not taken are in @c rest
@@ -61,11 +76,13 @@ enum class Sent {
 };
 
 /// Sends everything, or fails. Never raises SIGPIPE.
-/// @param parts changed while sending.
-/// @param fds   travel with the first byte.
-/// @param rest  null to wait while the socket is full. Otherwise nothing waits: kNothing with EAGAIN when the
-///              socket takes no byte, kBegun when it does not take all of them.
+/// @param parts    changed while sending.
+/// @param fds      travel with the first byte.
+/// @param rest     null to wait while the socket is full. Otherwise nothing waits: kNothing with EAGAIN when
+/// the
+///                 socket takes no byte, kBegun when it does not take all of them.
+/// @param patience how to wait; may be null.
 Sent sendAll(int fd, iovec* parts, size_t partCount, const int* fds, size_t fdCount,
-             std::string* rest = nullptr);
+             std::string* rest = nullptr, Patience* patience = nullptr);
 
 }  // namespace android::runtime

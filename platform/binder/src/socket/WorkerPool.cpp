@@ -10,6 +10,7 @@
 
 #include "../Log.h"
 #include "Limits.h"
+#include "LongWait.h"
 #include "RuntimeThread.h"
 
 namespace android::runtime {
@@ -17,7 +18,7 @@ namespace android::runtime {
 namespace {
 
 /// How long a thread waits on a connection for its next call before it looks after the others again.
-constexpr int kPatienceMs = 5;
+constexpr std::chrono::milliseconds kPatience{5};
 /// How many calls in a row one connection gets while there are more connections than threads.
 constexpr int kTurn = 32;
 
@@ -35,7 +36,7 @@ WorkerPool::WorkerPool(RefusalLog& refusals)
 
 bool WorkerPool::add(std::unique_ptr<Connection> connection) {
     Connection& added = *connection;
-    if (added.kind() == ConnectionKind::kCall) added.setPatience(kPatienceMs);
+    if (added.kind() == ConnectionKind::kCall) added.setTimeLimits(kPatience, LongWait::firstSpan());
     {
         const std::lock_guard<std::mutex> guard(mLock);
         size_t& connections = mByProcess[added.credentials().pid].connections;

@@ -23,6 +23,15 @@ inline std::string freshName() {
     return "registry" + std::to_string(++count);
 }
 
+/// The numbers in a listing, which must be as many as it says.
+inline std::vector<int> pidsIn(const std::string& text) {
+    std::vector<int> pids;
+    for (size_t at = text.find("pid["); at != std::string::npos; at = text.find("pid[", at + 1))
+        pids.push_back(std::stoi(text.substr(at + 4)));
+    EXPECT_NE(text.find("notifier size[" + std::to_string(pids.size()) + "]\n"), std::string::npos) << text;
+    return pids;
+}
+
 class Clients : public RegistryFixture {
   protected:
     Clients() {
@@ -54,13 +63,7 @@ class Clients : public RegistryFixture {
     /// The numbers in the list that a dump shows.
     std::vector<int> listed() {
         EXPECT_EQ(stub->dump(output.in(), dumpArguments({"notifier"})), 0);
-        const std::string text = output.only();
-        std::vector<int> pids;
-        for (size_t at = text.find("pid["); at != std::string::npos; at = text.find("pid[", at + 1))
-            pids.push_back(std::stoi(text.substr(at + 4)));
-        EXPECT_NE(text.find("notifier size[" + std::to_string(pids.size()) + "]\n"), std::string::npos)
-            << text;
-        return pids;
+        return pidsIn(output.only());
     }
 
     std::vector<int> pidsOf(std::initializer_list<size_t> places) {

@@ -9,6 +9,7 @@
 #include <condition_variable>
 #include <mutex>
 
+#include "tests/AppleiAP2/manager/registry/DumpOutput.h"
 #include "tests/AppleiAP2/notifier/Recorder.h"
 
 namespace accessory::test {
@@ -58,6 +59,27 @@ std::string joined(const std::vector<std::string>& texts) {
     return all;
 }
 
+/// The list of the service's clients, through a pipe, which holds that of a thousand.
+std::string listingOf(android::IBinder& service) {
+    int ends[2] = {-1, -1};
+    EXPECT_EQ(pipe2(ends, O_CLOEXEC), 0);
+    EXPECT_EQ(service.dump(ends[1], dumpArguments({"notifier"})), 0);
+    close(ends[1]);
+    std::string text(1 << 16, '\0');
+    const ssize_t length = read(ends[0], text.data(), text.size());
+    close(ends[0]);
+    text.resize(length > 0 ? static_cast<size_t>(length) : 0);
+    return text;
+}
+
+int countedIn(const std::string& listing) {
+    int lines = 0;
+    for (size_t at = listing.find("pid["); at != std::string::npos; at = listing.find("pid[", at + 1))
+        ++lines;
+    const std::string head = "notifier size[" + std::to_string(lines) + "]\n";
+    return listing.find(head) != std::string::npos ? lines : -1;
+}
+
 CHILD_ROLE(registeringClient) {
     const sp<android::IBinder> binder =
         android::defaultServiceManager()->getService(String16(args.at(0).c_str()));
@@ -73,6 +95,8 @@ CHILD_ROLE(registeringClient) {
         if (told == "set") parent.send(std::to_string(manager->setNotifier(notifier)));
         if (told == "set another") parent.send(std::to_string(manager->setNotifier(another)));
         if (told == "clear") parent.send(std::to_string(manager->clearNotifier()));
+        if (told == "request") parent.send(std::to_string(manager->startHID(7)));
+        if (told == "dump") parent.send(std::to_string(countedIn(listingOf(*binder))));
         if (told == "told") parent.send(joined(client->takeTold()));
         if (told == "release") client->release();
         if (told == "never wait") client->mayWait = false;

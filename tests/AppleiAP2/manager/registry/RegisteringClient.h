@@ -26,9 +26,13 @@ class RegisteringClient {
     int setNotifier() { return ask("set"); }
     int setAnotherNotifier() { return ask("set another"); }
     int clearNotifier() { return ask("clear"); }
+    /// A request that has nothing to do with registration.
+    int request() { return ask("request"); }
     void answer(int result);
 
-    /// Begins setNotifier() or clearNotifier(); ended() waits for the result.
+    /// Begins "set", "clear", "request", or "dump": asks the service for the list of its clients, whose
+    /// result is how many are in it, -1 for a list that is not whole. ended() waits for the result; several
+    /// may be begun before the first of them has ended.
     void begin(const std::string& request) { process.send(request); }
     int ended();
 

@@ -1,6 +1,8 @@
-// Hundreds of client processes at once: all register, hear every event once, deregister or die, and again
-// after that; no registration is lost, doubled or left over.
+// Hundreds of client processes at once: all register, hear every event once, list, deregister or die, and
+// again after that; no registration is lost, doubled or left over.
 #include <sys/resource.h>
+
+#include <thread>
 
 #include "tests/AppleiAP2/manager/registry/ClientsFixture.h"
 
@@ -41,6 +43,16 @@ class Storm : public Clients {
             return line.text.rfind("setNotifier ", 0) == 0 &&
                    line.text.find("check return value failed") != std::string::npos;
         }));
+    }
+
+    /// Lists and raises, without a pause, from a thread of its own: the event that waits for nobody, and
+    /// lists that name each client once.
+    void listAndRaiseUntil(const std::atomic<bool>& enough) {
+        while (!enough) {
+            const std::vector<int> pids = pidsIn(listing());
+            EXPECT_EQ(std::adjacent_find(pids.begin(), pids.end(), std::greater_equal<>()), pids.end());
+            EXPECT_EQ(broadcaster->hidComponentUpdate(7, 1, true), 0);
+        }
     }
 
     bool isEmptyInTime() {
@@ -91,6 +103,78 @@ TEST_F(Storm, OfRegistrationsGoesOnWhileEventsAreRaisedAndClientsDie) {
     }
     EXPECT_TRUE(eventually([&] { return listed().size() == living.size() + failedLinks(); }));
     EXPECT_THAT(listed(), testing::IsSupersetOf(living));
+}
+
+/// The numbers of the attach events in what a client was told.
+std::vector<unsigned int> attachesIn(const std::string& told) {
+    static const std::string kAttach = "attach(";
+    std::vector<unsigned int> numbers;
+    for (size_t at = told.find(kAttach); at != std::string::npos; at = told.find(kAttach, at + 1))
+        numbers.push_back(static_cast<unsigned int>(std::stoul(told.substr(at + kAttach.size()))));
+    return numbers;
+}
+
+/// From some event on all of them, up to @p last.
+bool areAllUpTo(unsigned int last, const std::vector<unsigned int>& numbers) {
+    size_t expected = last - numbers.size();
+    return !numbers.empty() && std::all_of(numbers.begin(), numbers.end(),
+                                           [&](unsigned int number) { return number == ++expected; });
+}
+
+/// All clients register and list; by their places, a fifth of them is killed then and another deregisters.
+class StormOfAll : public Storm {
+  protected:
+    static constexpr size_t kParts = 5;
+    static bool dies(size_t place) { return place % kParts == 0; }
+    static bool deregisters(size_t place) { return place % kParts == 1; }
+
+    void begin() {
+        for (const auto& each : clients) {
+            each->begin("set");
+            each->begin("dump");
+        }
+        for (size_t place = 0; place < kClients; ++place) {
+            if (deregisters(place)) client(place).begin("clear");
+            if (dies(place)) client(place).process.kill(SIGKILL);
+        }
+    }
+
+    /// Raises events meanwhile. @return the clients that stay.
+    std::vector<int> end() {
+        std::vector<int> staying;
+        for (size_t place = 0; place < kClients; ++place) {
+            if (place % 25 == 0) broadcaster->attach(++events);
+            if (dies(place)) continue;
+            EXPECT_EQ(client(place).ended(), 0);
+            EXPECT_GE(client(place).ended(), 1) << "the client itself is on the list";
+            if (!deregisters(place)) {
+                staying.push_back(client(place).pid());
+            } else {
+                EXPECT_EQ(client(place).ended(), 0);
+            }
+        }
+        EXPECT_EQ(broadcaster->attach(++events), 0);
+        return staying;
+    }
+
+    unsigned int events = 0;
+};
+
+TEST_F(StormOfAll, KeepsEveryListAndEveryRoundWhole) {
+    start(kClients);
+    log.clear();
+    std::atomic<bool> enough{false};
+    std::thread listing([&] { listAndRaiseUntil(enough); });
+    begin();
+    const std::vector<int> staying = end();
+    enough = true;
+    listing.join();
+    EXPECT_TRUE(eventually([&] { return listed().size() == staying.size() + failedLinks(); }));
+    EXPECT_THAT(listed(), testing::IsSupersetOf(staying));
+    for (size_t place = 0; place < kClients; ++place) {
+        if (dies(place) || deregisters(place)) continue;
+        EXPECT_TRUE(areAllUpTo(events, attachesIn(client(place).told()))) << place;
+    }
 }
 
 }  // namespace

@@ -1,0 +1,14 @@
+// Whether a sanitizer watches: what it keeps for itself makes figures of memory, threads and time its own.
+#pragma once
+
+namespace accessory::test {
+
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+inline constexpr bool kSanitized = true;
+#elif defined(__has_feature)
+inline constexpr bool kSanitized = __has_feature(address_sanitizer) || __has_feature(thread_sanitizer);
+#else
+inline constexpr bool kSanitized = false;
+#endif
+
+}  // namespace accessory::test
