@@ -1,4 +1,5 @@
 // Wrong command lines: each names what is wrong, what was expected, and a command line that is right.
+#include <accessory/Version.h>
 #include <gtest/gtest.h>
 
 #include <fstream>

@@ -1,4 +1,5 @@
 // accessoryctl: the services and their events from a shell.
+#include <accessory/Version.h>
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
