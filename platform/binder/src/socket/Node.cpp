@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "../Log.h"
+#include "../trace/Trace.h"
 #include "RuntimeFolder.h"
 
 namespace android::runtime {
@@ -41,7 +42,9 @@ Node& Node::instance() {
     return *node;
 }
 
-Node::Node() : id(Secret::random()), folder(prepareRuntimeFolder(access)), peers(*this), mAcceptor(*this) {}
+Node::Node() : id(Secret::random()), folder(prepareRuntimeFolder(access)), peers(*this), mAcceptor(*this) {
+    trace::startIfAsked();
+}
 
 sp<IBinder> Node::comeHome(const Token& token, Peer& sender) {
     const sp<BBinder> object = exports.find(token);
