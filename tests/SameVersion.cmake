@@ -26,7 +26,7 @@ expect_in("${built}/accessoryConfigVersion.cmake" "set(PACKAGE_VERSION \"${versi
 foreach(program ${programs})
   get_filename_component(name "${program}" NAME)
   execute_process(COMMAND "${program}" --version OUTPUT_VARIABLE said)
-  expect("${name} --version" "<${said}>" "<${name} ${version}\n>")
+  expect("${name} --version" "<${said}" "<${name} ${version}\n")
   expect_in("${built}/man/${name}.1" "\"accessory ${version}\"")
 endforeach()
 
