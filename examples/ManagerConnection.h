@@ -11,6 +11,7 @@
 
 #include <csignal>
 #include <cstdio>
+#include <vector>
 
 namespace examples {
 
@@ -43,6 +44,15 @@ class ManagerConnection {
     bool listen(const android::sp<accessory::AppleiAP2ManagerNotifierImplItf>& events) {
         mService->linkToDeath(mEndOfService);
         return mManager->setNotifier(new accessory::BnAppleiAP2ManagerNotifier(events)) == 0;
+    }
+
+    /// Those that are attached already; they raise no more event.
+    std::vector<unsigned int> phones() const {
+        std::vector<unsigned int> ids(10);  // the most there are
+        unsigned int count = 0;
+        mManager->getAccessoryIds(ids.data(), &count);
+        ids.resize(count);
+        return ids;
     }
 
     /// Returns when the program was asked to end, and then deregisters, or when the service has ended.

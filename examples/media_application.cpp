@@ -101,12 +101,8 @@ int main() {
     if (!connection.isOpen()) return 1;
     const sp<MediaApplication> application = new MediaApplication(connection.manager());
     if (!connection.listen(application)) return 1;
-    // Phones that are attached already raise no more event.
-    unsigned int ids[10];
-    unsigned int count = 0;
-    connection.manager().getAccessoryIds(ids, &count);
-    for (unsigned int i = 0; i < count; ++i)
-        application->attach(ids[i]);
+    for (const unsigned int phone : connection.phones())
+        application->attach(phone);
     connection.manager().startup(kUsb);
     const bool inGoodOrder = connection.waitForTheEnd();
     printf(inGoodOrder ? "bye\n" : "the service has ended\n");

@@ -95,12 +95,8 @@ int main() {
     if (!connection.isOpen()) return 1;
     const sp<NavigationDisplay> display = new NavigationDisplay(connection.manager());
     if (!connection.listen(display)) return 1;
-    // Phones that are attached already raise no more event.
-    unsigned int ids[10];
-    unsigned int count = 0;
-    connection.manager().getAccessoryIds(ids, &count);
-    for (unsigned int i = 0; i < count; ++i)
-        display->attach(ids[i]);
+    for (const unsigned int phone : connection.phones())
+        display->attach(phone);
     const bool inGoodOrder = connection.waitForTheEnd();
     printf(inGoodOrder ? "bye\n" : "the service has ended\n");
     return 0;

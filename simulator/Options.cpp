@@ -1,5 +1,7 @@
 #include "simulator/Options.h"
 
+#include <accessory/Version.h>
+
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cstdio>
@@ -87,7 +89,7 @@ std::optional<int> readOptions(int argc, char** argv, Options* options) {
     Flags flags;
     CLI::App app("Hosts AccessoryManager, AppleiAP2Manager and AppleUSBAudioManager with simulated devices.",
                  "accessory-simulator");
-    app.set_version_flag("--version", SIMULATOR_VERSION);
+    app.set_version_flag("--version", "accessory-simulator " ACCESSORY_VERSION);
     app.footer(kFooter);
     addPlaying(app, options);
     addTasks(app, &flags);

@@ -26,7 +26,8 @@ std::vector<std::string> scenarioFolders() {
     const char* const own = std::getenv("ACCESSORY_SCENARIO_DIR");
     if (own != nullptr && *own != '\0') folders.emplace_back(own);
     folders.push_back(besideProgram().string());
-    folders.emplace_back(SIMULATOR_SOURCE_SCENARIOS);
+    // A program out of a package must not look where somebody else may make a folder.
+    if (*SIMULATOR_SOURCE_SCENARIOS != '\0') folders.emplace_back(SIMULATOR_SOURCE_SCENARIOS);
     return folders;
 }
 

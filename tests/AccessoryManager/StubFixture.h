@@ -2,8 +2,7 @@
 // hand.
 #pragma once
 
-#include <accessory/IAccessoryManager.h>
-#include <gmock/gmock.h>
+#include <accessory/testing/MockAccessoryManager.h>
 
 #include <iosfwd>
 
@@ -11,15 +10,6 @@
 #include "tests/support/LogCatcher.h"
 
 namespace accessory::test {
-
-class MockAccessories : public AccessoryManagerImplItf {
-  public:
-    MOCK_METHOD(int32_t, getDeviceCount, (), (override));
-    MOCK_METHOD(int32_t, getFeature, (unsigned int), (override));
-    MOCK_METHOD(android::String8, getPath, (unsigned int), (override));
-    MOCK_METHOD(int32_t, getAccessoryId, (const android::String8&), (override));
-    MOCK_METHOD(int, dump, (const android::Vector<android::String16>&, android::String8&), (override));
-};
 
 /// A stub whose dispatch a test may call, as the runtime does.
 class OpenStub : public BnAccessoryManager {
@@ -45,8 +35,8 @@ testing::Matcher<const LogLine&> calling(uint32_t code);
 /// The implementation fails the test when it is called without an expectation.
 class StubFixture : public testing::Test {
   protected:
-    const android::sp<testing::StrictMock<MockAccessories>> accessories{
-        new testing::StrictMock<MockAccessories>};
+    const android::sp<testing::StrictMock<testkit::MockAccessoryManagerImpl>> accessories{
+        new testing::StrictMock<testkit::MockAccessoryManagerImpl>};
     const android::sp<OpenStub> stub{new OpenStub(accessories)};
     LogCatcher log;
 };

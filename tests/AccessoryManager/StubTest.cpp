@@ -193,8 +193,8 @@ TEST_F(Stub, ServesSeveralRequestsAtOnce) {
 }
 
 TEST_F(Stub, HoldsTheImplementationAsLongAsItLives) {
-    sp<MockAccessories> implementation = new MockAccessories;
-    const android::wp<MockAccessories> weak = implementation;
+    sp<testkit::MockAccessoryManagerImpl> implementation = new testkit::MockAccessoryManagerImpl;
+    const android::wp<testkit::MockAccessoryManagerImpl> weak = implementation;
     sp<BnAccessoryManager> holder = new BnAccessoryManager(implementation);
     implementation.clear();
     EXPECT_NE(weak.promote(), nullptr);

@@ -1,4 +1,6 @@
 // Many threads at the registry and at the stub at once: nothing is lost, nothing is left over.
+#include <accessory/testing/RecordingBinder.h>
+
 #include <thread>
 
 #include "tests/AppleUSBAudio/AudioFixture.h"
@@ -36,16 +38,6 @@ class CountingNotifier : public BnAppleUSBAudioManagerNotifier {
     std::atomic<int> calls{0};
 };
 
-/// Answers to links from any thread and remembers nothing.
-class PatientRemote : public FakeRemote {
-  public:
-    android::status_t linkToDeath(const sp<DeathRecipient>&, void*, uint32_t) override { return 0; }
-    android::status_t unlinkToDeath(const android::wp<DeathRecipient>&, void*, uint32_t,
-                                    android::wp<DeathRecipient>*) override {
-        return 0;
-    }
-};
-
 class AudioStress : public AudioFixture {
   protected:
     static constexpr int kThreads = 8;
@@ -77,7 +69,7 @@ TEST_F(AudioStress, LetsExactlyOneOfManyRegisterAndRemoveAProcess) {
 
 TEST_F(AudioStress, StaysWholeWhenManyThreadsOfAProcessRegisterAndDeregister) {
     const sp<IAppleUSBAudioManagerNotifier> notifier =
-        IAppleUSBAudioManagerNotifier::asInterface(sp<android::IBinder>(new PatientRemote));
+        IAppleUSBAudioManagerNotifier::asInterface(sp<android::IBinder>(new testkit::RecordingBinder));
     onThreads(kThreads, [&](int) {
         for (int i = 0; i < kEach; ++i) {
             EXPECT_EQ(stub->setNotifier(notifier), 0);

@@ -3,6 +3,7 @@
 #include <accessory/IAccessoryManager.h>
 #include <accessory/IAppleUSBAudioManager.h>
 #include <accessory/IAppleUSBAudioManagerNotifier.h>
+#include <accessory/testing/Kept.h>
 
 #include <numeric>
 #include <stdexcept>
@@ -79,9 +80,7 @@ class AudioEvents : public AppleUSBAudioManagerNotifierImplItf, public Counted {
 
 template <typename Stub, typename Implementation>
 Subject subject(const tools::Interface& interface, const sp<Implementation>& implementation) {
-    // A manager's stub and its registry hold each other.
-    static std::vector<sp<android::IBinder>>& kept = *new std::vector<sp<android::IBinder>>;
-    kept.push_back(new Stub(implementation));
+    const sp<android::IBinder> stub = testkit::kept(new Stub(implementation));
     const auto takeTold = [implementation]() -> size_t {
         if constexpr (std::is_base_of_v<Counted, Implementation>) {
             return implementation->takeCalls();
@@ -89,7 +88,7 @@ Subject subject(const tools::Interface& interface, const sp<Implementation>& imp
             return implementation->takeTold().size();
         }
     };
-    return {interface, kept.back(), takeTold};
+    return {interface, stub, takeTold};
 }
 
 }  // namespace

@@ -68,9 +68,15 @@ class LoadCallers : public testing::Test {
         return all;
     }
 
+    /// With this process's own link and connection, which the ping has seen through the door.
+    size_t descriptorsAtRest() const {
+        EXPECT_EQ(service.object()->pingBinder(), android::NO_ERROR);
+        return simulator::test::sampleOf(service.pid()).descriptors;
+    }
+
     const ServiceProcess service;
     ProcessWatch watch{service.pid()};
-    const size_t before = simulator::test::sampleOf(service.pid()).descriptors;
+    const size_t before = descriptorsAtRest();
     std::deque<ChildProcess> callers;
 };
 

@@ -67,7 +67,7 @@ TEST(ParcelMemory, OnlyEverRaisesTheCapacity) {
 
 TEST(ParcelMemory, RefusesSizesBeyondTheLimit) {
     Parcel parcel;
-    for (const size_t size : {size_t{INT32_MAX} + 1, SIZE_MAX / 2, SIZE_MAX}) {
+    for (const size_t size : {size_t{INT32_MAX} + 1, SIZE_MAX / 2 + 1, SIZE_MAX}) {
         EXPECT_EQ(BAD_VALUE, parcel.setDataSize(size));
         EXPECT_EQ(BAD_VALUE, parcel.setDataCapacity(size));
         EXPECT_EQ(BAD_VALUE, parcel.setData(parcel.data(), size));

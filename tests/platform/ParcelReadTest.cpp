@@ -10,7 +10,8 @@ using accessory::test::fill;
 
 namespace {
 
-const size_t kHostileLengths[] = {size_t{INT32_MAX} + 1, SIZE_MAX / 2, SIZE_MAX - 3, SIZE_MAX - 1, SIZE_MAX};
+const size_t kHostileLengths[] = {size_t{INT32_MAX} + 1, SIZE_MAX / 2 + 1, SIZE_MAX - 3, SIZE_MAX - 1,
+                                  SIZE_MAX};
 
 /// Every read of a plain value, by status and by value, and the bytes that it takes.
 struct Reading {

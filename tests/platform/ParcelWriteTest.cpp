@@ -11,7 +11,8 @@ using accessory::test::hexOf;
 
 namespace {
 
-const size_t kHostileLengths[] = {size_t{INT32_MAX} + 1, SIZE_MAX / 2, SIZE_MAX - 3, SIZE_MAX - 1, SIZE_MAX};
+const size_t kHostileLengths[] = {size_t{INT32_MAX} + 1, SIZE_MAX / 2 + 1, SIZE_MAX - 3, SIZE_MAX - 1,
+                                  SIZE_MAX};
 
 TEST(ParcelWrite, BeginsEmpty) {
     Parcel parcel;

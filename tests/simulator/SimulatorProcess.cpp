@@ -27,17 +27,20 @@ pid_t start(std::vector<std::string> words, int output) {
         arguments.push_back(word.data());
     arguments.push_back(nullptr);
     pid_t pid = -1;
-    EXPECT_EQ(posix_spawn(&pid, SIMULATOR, &actions, nullptr, arguments.data(), environ), 0);
+    EXPECT_EQ(posix_spawn(&pid, arguments[0], &actions, nullptr, arguments.data(), environ), 0);
     posix_spawn_file_actions_destroy(&actions);
     return pid;
 }
 
 }  // namespace
 
-SimulatorProcess::SimulatorProcess(const std::vector<std::string>& arguments) {
+SimulatorProcess::SimulatorProcess(const std::vector<std::string>& arguments)
+    : SimulatorProcess(SIMULATOR, arguments) {}
+
+SimulatorProcess::SimulatorProcess(const std::string& program, const std::vector<std::string>& arguments) {
     int ends[2] = {-1, -1};
     EXPECT_EQ(pipe2(ends, O_CLOEXEC), 0);
-    std::vector<std::string> words = {SIMULATOR};
+    std::vector<std::string> words = {program};
     words.insert(words.end(), arguments.begin(), arguments.end());
     mPid = start(words, ends[1]);
     mPipe = ends[0];

@@ -1,4 +1,4 @@
-// SimulatorProcess: the program as a child of the test.
+// SimulatorProcess: the program, or a client of it, as a child of the test.
 #pragma once
 
 #include <sys/types.h>
@@ -13,6 +13,8 @@ namespace accessory::simulator::test {
 class SimulatorProcess {
   public:
     explicit SimulatorProcess(const std::vector<std::string>& arguments);
+    /// Another program instead.
+    SimulatorProcess(const std::string& program, const std::vector<std::string>& arguments);
     /// Kills it if it still runs.
     ~SimulatorProcess();
 

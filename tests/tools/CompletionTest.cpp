@@ -111,7 +111,7 @@ TEST(Completion, IsAScriptThatZshAccepts) {
 TEST(Completion, WorksInZshFromTheFirstKeyPress) {
     if (!isInstalled("zsh")) GTEST_SKIP() << "zsh is not installed";
     const Script script("zsh");
-    EXPECT_EQ(offeredByZsh(script, {"d"}), (Words{"describe", "doctor", "dump"}));
+    EXPECT_EQ(offeredByZsh(script, {"d"}), (Words{"decode", "describe", "doctor", "dump"}));
     EXPECT_EQ(offeredByZsh(script, {"call", ""}), namesFromRows(false));
     EXPECT_EQ(offeredByZsh(script, {"call", "IAppleiAP2Manager.launchAPP", ""}),
               (Words{"accId=", "appId=", "method="}));
@@ -126,7 +126,7 @@ TEST(Completion, OffersTheOperationsAndEventsOfTheRows) {
 
 TEST(Completion, OffersVerbsFieldsAndOptions) {
     const Script script("bash");
-    EXPECT_EQ(offered(script, {"d"}), (Words{"describe", "doctor", "dump"}));
+    EXPECT_EQ(offered(script, {"d"}), (Words{"decode", "describe", "doctor", "dump"}));
     EXPECT_EQ(offered(script, {"call", "IAppleiAP2Manager.launchAPP", ""}),
               (Words{"accId=", "appId=", "method="}));
     EXPECT_EQ(offered(script, {"call", "IAppleiAP2Manager.InitiateCall", "param.d"}),

@@ -4,22 +4,27 @@
 #include <cstdio>
 
 #include "tests/tools/Program.h"
+#include "tools/capture/Decode.h"
 
 namespace accessory::test {
 namespace {
 
-TEST(Describe, ListsTheInterfaces) {
+const std::string kTablesLine = "tables " + tools::tablesDigest() + "\n";
+
+TEST(Describe, ListsTheInterfacesAndTheDigestOfTheirTables) {
     EXPECT_EQ(run({"describe"}).out,
               "INTERFACE                      DESCRIPTOR                              OPERATIONS\n"
               "IAccessoryManager              accessory.AccessoryManager              4\n"
               "IAppleiAP2Manager              accessory.AppleiAP2Manager              87\n"
               "IAppleiAP2ManagerNotifier      accessory.AppleiAP2ManagerNotifier      45\n"
               "IAppleUSBAudioManager          accessory.AppleUSBAudioManager          11\n"
-              "IAppleUSBAudioManagerNotifier  accessory.AppleUSBAudioManagerNotifier  2\n");
+              "IAppleUSBAudioManagerNotifier  accessory.AppleUSBAudioManagerNotifier  2\n" +
+                  kTablesLine);
     EXPECT_EQ(run({"describe", "--json"}).objects().at(0),
               parsed(R"({"descriptor":"accessory.AccessoryManager","interface":"IAccessoryManager",
                          "notifier":false,"operations":4,"replyHasHeader":true,
                          "schema":"accessoryctl/1","type":"interface"})"));
+    EXPECT_EQ(run({"describe", "--json"}).objects().back()["digest"], tools::tablesDigest());
 }
 
 TEST(Describe, ListsTheOperationsOfAnInterface) {

@@ -1,10 +1,12 @@
 // Wrong command lines: each names what is wrong, what was expected, and a command line that is right.
+#include <accessory/Version.h>
 #include <gtest/gtest.h>
 
 #include <fstream>
 #include <iterator>
 
 #include "tests/tools/Program.h"
+#include "tools/capture/Decode.h"
 
 namespace accessory::test {
 namespace {
@@ -140,7 +142,8 @@ TEST(Usage, NamesUnknownVerbsAndOptions) {
 }
 
 TEST(Usage, TellsItsVersionAndItsExitStatuses) {
-    EXPECT_EQ(run({"--version"}).out, "accessoryctl " ACCESSORY_VERSION "\n");
+    EXPECT_EQ(run({"--version"}).out,
+              "accessoryctl " ACCESSORY_VERSION "\ntables " + tools::tablesDigest() + "\n");
     const Ran help = run({"--help"});
     EXPECT_EQ(help.status, 0);
     EXPECT_NE(help.out.find("3 the service is not there"), std::string::npos);
@@ -158,10 +161,10 @@ TEST(Usage, IsInTheManual) {
     const std::string page{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
     EXPECT_NE(page.find("\"accessory " ACCESSORY_VERSION "\""), std::string::npos);
     for (const std::string verb :
-         {"list", "describe", "call", "watch", "dump", "wait", "doctor", "completion"})
+         {"list", "describe", "call", "watch", "decode", "timeline", "dump", "wait", "doctor", "completion"})
         EXPECT_NE(page.find("\n.SS " + verb), std::string::npos) << verb;
     for (const std::string option :
-         {"json", "timeout", "where", "count", "for", "reconnect", "version", "help"})
+         {"json", "timeout", "where", "count", "for", "reconnect", "output", "version", "help"})
         EXPECT_NE(page.find("\\-\\-" + option), std::string::npos) << option;
 }
 

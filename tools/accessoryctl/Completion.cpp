@@ -14,7 +14,7 @@ using tools::Interface;
 
 namespace {
 
-constexpr char kVerbs[] = "list describe call watch dump wait doctor completion";
+constexpr char kVerbs[] = "list describe call watch decode timeline dump wait doctor completion";
 
 /// Everything that a script offers, as words between blanks.
 struct Offers {
@@ -72,6 +72,7 @@ std::string sharedPart(const Offers& offers) {
            R"(_accessoryctl_options() {
     case $1 in
         watch) echo '--where --count --for --reconnect --json --timeout --help' ;;
+        timeline) echo '--output --json --timeout --help' ;;
         *) echo '--json --timeout --help' ;;
     esac
 }

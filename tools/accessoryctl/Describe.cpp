@@ -2,6 +2,7 @@
 #include "tools/accessoryctl/Arguments.h"
 #include "tools/accessoryctl/Text.h"
 #include "tools/accessoryctl/Verbs.h"
+#include "tools/capture/Decode.h"
 
 namespace accessory::ctl {
 
@@ -88,7 +89,9 @@ int describeAll(const Options& options) {
         rows.push_back({each->name, each->descriptor, std::to_string(each->operations.size())});
         print(options, "interface", object, "");
     }
-    if (!options.json) print(options, "", {}, columns(rows));
+    Json::Value tables;
+    tables["digest"] = tools::tablesDigest();
+    print(options, "tables", tables, columns(rows) + "tables " + tools::tablesDigest() + "\n");
     return kDone;
 }
 

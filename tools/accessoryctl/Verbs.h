@@ -33,6 +33,12 @@ int wait(const Options& options, const std::string& name);
 
 int doctor(const Options& options);
 
+/// @param paths of captures.
+int decode(const Options& options, const std::vector<std::string>& paths);
+
+/// @param outputPath of the document; empty for the standard output.
+int timeline(const Options& options, const std::vector<std::string>& paths, const std::string& outputPath);
+
 /// @param shell "bash" or "zsh".
 int completion(const std::string& shell);
 

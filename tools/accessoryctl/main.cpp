@@ -1,4 +1,5 @@
 // accessoryctl: the services and their events from a shell.
+#include <accessory/Version.h>
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
@@ -10,6 +11,7 @@
 #include "tools/accessoryctl/BinderCalls.h"
 #include "tools/accessoryctl/Text.h"
 #include "tools/accessoryctl/Verbs.h"
+#include "tools/capture/Decode.h"
 
 namespace accessory::ctl {
 
@@ -28,6 +30,7 @@ struct CommandLine {
     std::vector<std::string> onlyValues;  ///< behind "--"
     WatchOptions watch;
     std::string shell;
+    std::string output;
     int (*run)(const CommandLine&) = nullptr;
 };
 
@@ -63,6 +66,18 @@ void addCall(CLI::App* app, CommandLine* line) {
     verb->footer(
         "Arguments: name=value, name.member=value, or values in their order. Bytes are hex digits or\n"
         "@file, lists 1,2,3 or JSON, masks names joined by |, and null is null.");
+}
+
+void addCaptureVerbs(CLI::App* app, CommandLine* line) {
+    addVerb(app, line, "decode", "Print the transactions of captures",
+            [](const CommandLine& asked) { return decode(asked.options, asked.words); })
+        ->add_option("capture", line->words, "Files that BINDER_TRACE named")
+        ->required();
+    CLI::App* const verb =
+        addVerb(app, line, "timeline", "Turn captures into a document for trace viewers",
+                [](const CommandLine& asked) { return timeline(asked.options, asked.words, asked.output); });
+    verb->add_option("capture", line->words, "Files that BINDER_TRACE named")->required();
+    verb->add_option("-o,--output", line->output, "Where to write it; to the standard output unless told");
 }
 
 void addOthers(CLI::App* app, CommandLine* line) {
@@ -139,10 +154,11 @@ static int runCommandLine(int argc, char** argv) {
     CommandLine line;
     CLI::App app("Calls, watches and examines accessory services.", "accessoryctl");
     app.require_subcommand(1);
-    app.set_version_flag("--version", "accessoryctl " ACCESSORY_VERSION);
+    app.set_version_flag("--version", "accessoryctl " ACCESSORY_VERSION "\ntables " + tools::tablesDigest());
     app.footer(kFooter);
     addCall(&app, &line);
     addWatch(&app, &line);
+    addCaptureVerbs(&app, &line);
     addOthers(&app, &line);
     try {
         app.parse(setValuesAside(argc, argv, &line), argv);

@@ -6,12 +6,6 @@
 
 namespace accessory::test {
 
-OpenManager* kept(OpenManager* stub) {
-    static std::vector<android::sp<OpenManager>>& all = *new std::vector<android::sp<OpenManager>>;
-    all.emplace_back(stub);
-    return stub;
-}
-
 bool operator==(const Answer& left, const Answer& right) {
     return left.status == right.status && left.reply == right.reply;
 }

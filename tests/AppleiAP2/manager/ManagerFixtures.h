@@ -2,6 +2,7 @@
 // FakeRemote, and requests made by hand.
 #pragma once
 
+#include <accessory/testing/Kept.h>
 #include <gmock/gmock.h>
 
 #include <iosfwd>
@@ -22,8 +23,7 @@ class OpenManager : public BnAppleiAP2Manager {
     using BnAppleiAP2Manager::onTransact;
 };
 
-/// A stub stays once it is made; kept where a leak checker finds it. @return @p stub.
-OpenManager* kept(OpenManager* stub);
+using testkit::kept;
 
 /// How a request ended.
 struct Answer {

@@ -38,7 +38,7 @@ TEST(ManagerLife, TracesTheStubsBegin) {
 /// Destroys a stub in spite of the references to it, shows the lines of that and ends the process.
 [[noreturn]] void destroyAStub() {
     const sp<ManagerRecorder> recorder = new ManagerRecorder;
-    OpenManager* stub = kept(new OpenManager(recorder));
+    OpenManager* stub = kept(new OpenManager(recorder)).get();
     const LogCatcher log;
     stub->~OpenManager();
     for (const LogLine& line : log.linesWith(kTag))

@@ -27,15 +27,26 @@ status_t passOn(const char* name, Arguments... arguments) {
 
 }  // namespace
 
+// The letters of int64_t, uint64_t and size_t in a mangled name.
+#if __SIZEOF_LONG__ == 8
+#define INT64_LETTER "l"
+#define UINT64_LETTER "m"
+#define SIZE_LETTER "m"
+#else
+#define INT64_LETTER "x"
+#define UINT64_LETTER "y"
+#define SIZE_LETTER "j"
+#endif
+
 #define TAKES_OVER(name) __asm__(name) __attribute__((visibility("default"), used))
 #define WRITE_TOKEN "_ZN7android6Parcel19writeInterfaceTokenERKNS_8String16E"
 #define WRITE_INT32 "_ZN7android6Parcel10writeInt32Ei"
 #define WRITE_UINT32 "_ZN7android6Parcel11writeUint32Ej"
-#define WRITE_INT64 "_ZN7android6Parcel10writeInt64El"
-#define WRITE_UINT64 "_ZN7android6Parcel11writeUint64Em"
+#define WRITE_INT64 "_ZN7android6Parcel10writeInt64E" INT64_LETTER
+#define WRITE_UINT64 "_ZN7android6Parcel11writeUint64E" UINT64_LETTER
 #define WRITE_BOOL "_ZN7android6Parcel9writeBoolEb"
 #define WRITE_CSTRING "_ZN7android6Parcel12writeCStringEPKc"
-#define WRITE_BYTES "_ZN7android6Parcel5writeEPKvm"
+#define WRITE_BYTES "_ZN7android6Parcel5writeEPKv" SIZE_LETTER
 
 status_t writeToken(Parcel* parcel, const void* name) TAKES_OVER(WRITE_TOKEN);
 status_t writeInt32(Parcel* parcel, int32_t value) TAKES_OVER(WRITE_INT32);

@@ -194,7 +194,7 @@ TEST(MediaLibrary, NoMoreEntriesAreMadeThanATransactionCouldCarry) {
 }
 
 TEST(MediaLibrary, ANegativeCountMakesNoEntry) {
-    for (const int64_t count : {-1L, -0x80000000L}) {
+    for (const int64_t count : {int64_t{-1}, -int64_t{0x80000000}}) {
         const Received received(Words().i32(0x80).i32(count).i32(12));
         EXPECT_EQ(0, received.update->getGroupDataCount());
         EXPECT_EQ(12, received.update->getUpdateProgress());

@@ -8,6 +8,7 @@
 #include "../Log.h"
 #include "../OutOfMemory.h"
 #include "../Transport.h"
+#include "../trace/Trace.h"
 #include "Limits.h"
 #include "Node.h"
 #include "ParcelCodec.h"
@@ -52,10 +53,11 @@ status_t transactContained(BBinder& object, uint32_t code, const Parcel& data, P
 
 /// @return NO_ERROR; DEAD_OBJECT when the connection is gone; else the parcel cannot be sent, and nothing of
 /// it was.
-status_t sendFrame(Connection& connection, FrameHeader header, const Parcel& data) {
+status_t sendFrame(Connection& connection, FrameHeader header, const Parcel& data, trace::Exchange* traced) {
     EncodedParcel encoded(data, *connection.peer());
     if (encoded.status() != NO_ERROR) return encoded.status();
     encoded.describe(&header);
+    traced->goesOut(header, {encoded.data(), encoded.records()});
     const status_t status = connection.send(header, encoded.data(), encoded.records(), encoded.fds());
     if (status == NO_ERROR) encoded.sent();
     return status;
@@ -71,12 +73,13 @@ FrameHeader callHeader(FrameKind kind, const Token& target, uint32_t code, uint3
 }
 
 /// An answer that cannot be sent becomes an error; so does every other status, with an empty parcel.
-bool sendReply(Connection& connection, status_t status, const Parcel& reply) {
+bool sendReply(Connection& connection, status_t status, const Parcel& reply, trace::Exchange* traced) {
     FrameHeader header;
     header.kind = FrameKind::kReply;
-    if (status == NO_ERROR) status = sendFrame(connection, header, reply);
+    if (status == NO_ERROR) status = sendFrame(connection, header, reply, traced);
     if (status == NO_ERROR) return true;
     header.code = static_cast<uint32_t>(status);
+    traced->reply(header, {});
     return connection.send(header, nullptr, {}, {}) == NO_ERROR;
 }
 
@@ -84,13 +87,12 @@ status_t takeReply(Frame* frame, Parcel* reply, Peer& sender) {
     Parcel unwanted;
     Parcel& answer = reply != nullptr ? *reply : unwanted;
     answer.freeData();
-    if (frame->body.bytes() == nullptr) return NO_MEMORY;
     decode(frame, &answer, sender);
     return static_cast<status_t>(frame->header.code);
 }
 
 /// A call that comes instead of the reply is the other end calling back.
-status_t awaitReply(Connection& connection, Parcel* reply, bool* intact) {
+status_t awaitReply(Connection& connection, Parcel* reply, bool* intact, trace::Exchange* traced) {
     *intact = false;
     for (;;) {
         Frame frame;
@@ -98,6 +100,8 @@ status_t awaitReply(Connection& connection, Parcel* reply, bool* intact) {
         if (received == Received::kNothing) continue;
         if (received == Received::kFrame && frame.header.kind == FrameKind::kReply) {
             *intact = true;
+            if (frame.body.bytes() == nullptr) return NO_MEMORY;
+            traced->comesIn(frame);
             return takeReply(&frame, reply, *connection.peer());
         }
         if (received == Received::kFrame && frame.header.kind == FrameKind::kCall) {
@@ -115,10 +119,12 @@ status_t callOn(Connection& connection, const FrameHeader& header, const Parcel&
                 bool* intact) {
     const Active active(connection);
     SlowCall slow(connection, header, data);
+    trace::Exchange traced(trace::Direction::kOut, connection.credentials());
     *intact = true;
-    status_t status = sendFrame(connection, header, data);
+    status_t status = sendFrame(connection, header, data, &traced);
     if (status == DEAD_OBJECT) *intact = false;
-    if (status == NO_ERROR) status = awaitReply(connection, reply, intact);
+    if (status == NO_ERROR) status = awaitReply(connection, reply, intact, &traced);
+    traced.end(header, status);
     slow.ended(status);
     return status;
 }
@@ -159,15 +165,17 @@ status_t callOneway(Peer& peer, const Token& token, uint32_t code, const Parcel&
 }
 
 bool serveCall(Connection& connection, Frame* frame) {
-    if (frame->body.bytes() == nullptr) return sendReply(connection, NO_MEMORY, Parcel());
     const FrameHeader header = frame->header;
+    trace::Exchange traced(trace::Direction::kIn, connection.credentials());
+    if (frame->body.bytes() == nullptr) return sendReply(connection, NO_MEMORY, Parcel(), &traced);
+    traced.comesIn(*frame);
     Parcel data;
     decode(frame, &data, *connection.peer());
     const sp<BBinder> object = Node::instance().exports.find(header.target);
-    if (object == nullptr) return sendReply(connection, DEAD_OBJECT, Parcel());
+    if (object == nullptr) return sendReply(connection, DEAD_OBJECT, Parcel(), &traced);
     if (tActive.size() >= kDeepestNesting) {
         BINDER_LOGE("calls are nested more than %zu deep", kDeepestNesting);
-        return sendReply(connection, FAILED_TRANSACTION, Parcel());
+        return sendReply(connection, FAILED_TRANSACTION, Parcel(), &traced);
     }
     Parcel reply;
     const status_t status = unlessExhausted([&] {
@@ -175,7 +183,7 @@ bool serveCall(Connection& connection, Frame* frame) {
         const CallerScope caller(connection.credentials().pid, connection.credentials().uid, header.flags);
         return transactContained(*object, header.code, data, &reply, header.flags);
     });
-    return sendReply(connection, status, reply);
+    return sendReply(connection, status, reply, &traced);
 }
 
 void OnewayCall::take(const Connection& connection, Frame* frame) {
@@ -184,6 +192,7 @@ void OnewayCall::take(const Connection& connection, Frame* frame) {
     flags = frame->header.flags;
     caller = connection.credentials();
     weight = weightOf(*frame);
+    trace::oneway(trace::Direction::kIn, caller, frame->header, trace::Content(*frame));
     decode(frame, &data, *connection.peer());
 }
 

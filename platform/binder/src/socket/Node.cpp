@@ -8,6 +8,7 @@
 
 #include "../Log.h"
 #include "../OutOfMemory.h"
+#include "../trace/Trace.h"
 #include "RuntimeFolder.h"
 
 namespace android::runtime {
@@ -40,7 +41,13 @@ Node& Node::instance() {
     return *node;
 }
 
-Node::Node() : folder(chooseRuntimeFolder()), peers(*this), mAcceptor(*this) {}
+/// A process that has no memory to be traced goes on without.
+Node::Node() : folder(chooseRuntimeFolder()), peers(*this), mAcceptor(*this) {
+    unlessExhausted([] {
+        trace::startIfAsked();
+        return NO_ERROR;
+    });
+}
 
 bool Node::prepare() {
     const std::lock_guard<std::mutex> guard(mPreparing);

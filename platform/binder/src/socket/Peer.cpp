@@ -3,7 +3,9 @@
 #include <poll.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <cstring>
 #include <utility>
 
@@ -18,6 +20,9 @@ namespace {
 
 /// Idle connections that are kept for the next calls; more come and go with their call.
 constexpr size_t kMaxIdle = 16;
+
+/// How long the kernel may take to end a process whose end has shown.
+constexpr std::chrono::seconds kDying{1};
 
 }  // namespace
 
@@ -148,6 +153,7 @@ void Peer::die() {
     for (const auto& link : links)
         mNode.reactor.forget(link->watch, link->fd.get());
     mNode.peers.forget(*this);
+    patiently([this] { mNode.peers.noteDeath(mId); });
     patiently([this] { removeSocket(); });
     mNode.letGo(mNode.exports.dropHolder(mId));
     for (const sp<BpBinder>& binder : bereaved) {
@@ -188,6 +194,21 @@ void PeerTable::forget(const Peer& peer) {
     const std::lock_guard<std::mutex> guard(mLock);
     const auto known = mPeers.find(peer.id());
     if (known != mPeers.end() && known->second.first == &peer) mPeers.erase(known);
+}
+
+void PeerTable::noteDeath(const PeerId& id) {
+    const std::lock_guard<std::mutex> guard(mLock);
+    const auto now = Clock::now();
+    while (!mDeaths.empty() && mDeaths.front().first + kDying < now)
+        mDeaths.pop_front();
+    mDeaths.emplace_back(now, id);
+}
+
+bool PeerTable::isDying(const PeerId& id) {
+    const std::lock_guard<std::mutex> guard(mLock);
+    const auto since = Clock::now() - kDying;
+    return std::any_of(mDeaths.begin(), mDeaths.end(),
+                       [&](const auto& death) { return death.second == id && death.first > since; });
 }
 
 }  // namespace android::runtime

@@ -5,10 +5,12 @@
 
 #include <chrono>
 #include <cstdint>
+#include <deque>
 #include <memory>
 #include <mutex>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "Connection.h"
@@ -161,10 +163,19 @@ class PeerTable {
     /// For a peer that is dead or no longer referred to.
     void forget(const Peer& peer);
 
+    /// Says that the end of a process has shown.
+    void noteDeath(const PeerId& id);
+    /// Whether that was a moment ago: the kernel takes a process apart bit by bit, and its socket may still
+    /// let callers in when its links are gone.
+    bool isDying(const PeerId& id);
+
   private:
+    using Clock = std::chrono::steady_clock;
+
     Node& mNode;
     std::mutex mLock;
     std::unordered_map<PeerId, std::pair<const Peer*, std::weak_ptr<Peer>>, SecretHash> mPeers;
+    std::deque<std::pair<Clock::time_point, PeerId>> mDeaths;  // the latest, oldest first
 };
 
 }  // namespace android::runtime

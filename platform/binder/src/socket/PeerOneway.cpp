@@ -4,6 +4,7 @@
 
 #include "../Log.h"
 #include "../OutOfMemory.h"
+#include "../trace/Trace.h"
 #include "Node.h"
 #include "Peer.h"
 
@@ -25,6 +26,7 @@ status_t Peer::sendOneway(const FrameHeader& header, const void* data,
     if (mOneway == nullptr) mOneway = open(ConnectionKind::kOneway, false, &status);
     if (mOneway == nullptr) return status;
     if (!hasOnewayRoom()) return FAILED_TRANSACTION;
+    trace::oneway(trace::Direction::kOut, mOneway->credentials(), header, {data, records});
     status = mOneway->send(header, data, records, fds);
     if (status == DEAD_OBJECT) mOneway.reset();
     if (mOneway != nullptr && mOneway->hasUnsent() && !hasOnewayRoom()) finishOnewayLater();

@@ -63,7 +63,7 @@ bool Peer::hasTooManyProxies(const Token& token) {
 }
 
 sp<IBinder> Peer::acquire(const Token& token) {
-    if (!ensureLinked(true) || isHungUp()) return nullptr;
+    if (mNode.peers.isDying(mId) || !ensureLinked(true) || isHungUp()) return nullptr;
     tell({LinkMessageKind::kAcquire, 1, token, {}});
     return patiently([&] { return receive(token); });
 }

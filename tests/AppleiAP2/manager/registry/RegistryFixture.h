@@ -2,6 +2,7 @@
 // made, and clients of this process.
 #pragma once
 
+#include <accessory/testing/Kept.h>
 #include <unistd.h>
 
 #include "tests/AppleiAP2/manager/registry/Expectations.h"
@@ -11,14 +12,7 @@
 
 namespace accessory::test {
 
-/// Stubs, their registries and recipients hold each other for good. Here they stay reachable, as they do in a
-/// service, which keeps its stub.
-template <typename Stub>
-android::sp<Stub> kept(Stub* stub) {
-    static std::vector<android::sp<Stub>>& all = *new std::vector<android::sp<Stub>>;
-    all.push_back(stub);
-    return stub;
-}
+using testkit::kept;
 
 /// A client whose notifier is an object of this process.
 struct LocalClient {

@@ -1,4 +1,6 @@
 // Many threads at the registry and at the stub at once: nothing is lost, nothing is left over.
+#include <accessory/testing/RecordingBinder.h>
+
 #include <atomic>
 #include <thread>
 
@@ -39,16 +41,6 @@ class Counter : public BnAppleiAP2ManagerNotifier {
         return 0;
     }
     std::atomic<int> calls{0};
-};
-
-/// Answers to links as the runtime does, from any thread, and remembers nothing.
-class PatientRemote : public FakeRemote {
-  public:
-    android::status_t linkToDeath(const sp<DeathRecipient>&, void*, uint32_t) override { return 0; }
-    android::status_t unlinkToDeath(const android::wp<DeathRecipient>&, void*, uint32_t,
-                                    android::wp<DeathRecipient>*) override {
-        return 0;
-    }
 };
 
 /// Whether a notifier that may be removed at any time is still whole.
@@ -140,7 +132,7 @@ TEST_F(Stress, KeepsItsTableWhileItIsReadWithoutTheLock) {
 
 TEST_F(Stress, StaysWholeWhenManyThreadsOfAProcessRegisterAndDeregister) {
     const sp<IAppleiAP2ManagerNotifier> notifier =
-        IAppleiAP2ManagerNotifier::asInterface(sp<android::IBinder>(new PatientRemote));
+        IAppleiAP2ManagerNotifier::asInterface(sp<android::IBinder>(new testkit::RecordingBinder));
     onThreads(kThreads, [&](int) {
         for (int i = 0; i < kEach; ++i) {
             EXPECT_EQ(stub->setNotifier(notifier), 0);

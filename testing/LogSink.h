@@ -3,9 +3,13 @@
 
 #include <string>
 
-namespace accessory::test {
+namespace accessory::testkit {
 
 /// Takes one line from any thread. @p tag may be null, as for the platform log.
 void sinkLogLine(int priority, const char* tag, const std::string& text);
 
-}  // namespace accessory::test
+/// Does nothing but stand beside the stand-ins: whoever calls it makes the linker take them out of the
+/// archive.
+void standInForLiblog();
+
+}  // namespace accessory::testkit

@@ -1,4 +1,4 @@
-#include "tests/support/LogCatcher.h"
+#include <accessory/testing/LogCatcher.h>
 
 #include <algorithm>
 #include <cctype>
@@ -10,9 +10,9 @@
 #include <sstream>
 #include <utility>
 
-#include "tests/support/LogSink.h"
+#include "testing/LogSink.h"
 
-namespace accessory::test {
+namespace accessory::testkit {
 namespace {
 
 /// Keeps the lines while a catcher lives. The lock guards all members; nothing is called under it but the
@@ -125,7 +125,10 @@ testing::Matcher<const LogLine&> LoggedStatusCheck(const std::string& tag, const
     return Logged(ANDROID_LOG_ERROR, tag, function + " #:check return value failed");
 }
 
-LogCatcher::LogCatcher() { recorder().begin(); }
+LogCatcher::LogCatcher() {
+    standInForLiblog();
+    recorder().begin();
+}
 LogCatcher::~LogCatcher() { recorder().end(); }
 
 std::vector<LogLine> LogCatcher::lines() const { return recorder().lines(); }
@@ -147,4 +150,4 @@ testing::AssertionResult LogCatcher::arrives(const testing::Matcher<const LogLin
                                        << " ms; logged: " << testing::PrintToString(lines());
 }
 
-}  // namespace accessory::test
+}  // namespace accessory::testkit

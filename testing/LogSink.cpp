@@ -1,7 +1,7 @@
 // liblog's print functions, defined in the test program. The dynamic linker looks there first, so every
 // library of the process ends up here. liblog's own callers inside liblog (the fatal __android_log_assert)
 // are left alone: they end the process and say why on stderr.
-#include "tests/support/LogSink.h"
+#include "testing/LogSink.h"
 
 #include <android/log.h>
 
@@ -24,18 +24,20 @@ std::string formatted(const char* format, va_list arguments) {
 
 }  // namespace
 
+void accessory::testkit::standInForLiblog() {}
+
 // The project compiles with hidden visibility; a hidden definition would not take liblog's place.
 #define VISIBLE __attribute__((visibility("default")))
 
 extern "C" {
 
 VISIBLE int __android_log_write(int prio, const char* tag, const char* text) {
-    accessory::test::sinkLogLine(prio, tag, text);
+    accessory::testkit::sinkLogLine(prio, tag, text);
     return 1;
 }
 
 VISIBLE int __android_log_vprint(int prio, const char* tag, const char* fmt, va_list ap) {
-    accessory::test::sinkLogLine(prio, tag, formatted(fmt, ap));
+    accessory::testkit::sinkLogLine(prio, tag, formatted(fmt, ap));
     return 1;
 }
 

@@ -1,0 +1,70 @@
+// RecordBuilder: makes a record in one expression, where a test needs one.
+//
+//     notifier.nowPlayingUpdate(1, ItemAttribute().title(name).artist("Clara Holm"), MediaPlayback());
+//
+// The builders have a function per setter of the record, which sets the value and the bit. Other than the
+// records, which borrow their strings, a built one owns them.
+#pragma once
+
+#include <utils/RefBase.h>
+
+#include <cstdint>
+#include <deque>
+#include <string>
+#include <type_traits>
+#include <vector>
+
+namespace accessory::testkit {
+
+/// Base of the builders.
+/// @tparam Parcelable the record that is built.
+template <typename Parcelable>
+class RecordBuilder {
+  public:
+    using Record = Parcelable;  ///< what is built
+
+    /// The record itself; one builder makes one, whatever is set on it later.
+    android::sp<Parcelable> build() const { return mRecord; }
+
+    /// A builder stands wherever its record, or the plain record of that, is expected.
+    template <typename Plain, typename = std::enable_if_t<std::is_convertible_v<Parcelable*, Plain*>>>
+    // NOLINTNEXTLINE(google-explicit-constructor): a builder is written where its record is meant
+    operator android::sp<Plain>() const {
+        return mRecord;
+    }
+
+  protected:
+    /// Calls the record's setter. @return @p self.
+    template <typename Builder, typename Setter, typename Value>
+    Builder& set(Builder* self, Setter setter, const Value& value) {
+        (mRecord.get()->*setter)(value);
+        return *self;
+    }
+
+    /// Calls the setter of an array, which copies it. @return @p self.
+    template <typename Builder, typename Setter, typename Entry>
+    Builder& setList(Builder* self, Setter setter, const std::vector<Entry>& values) {
+        (mRecord.get()->*setter)(values.data(), static_cast<uint32_t>(values.size()));
+        return *self;
+    }
+
+    /// A copy of @p value that lives as long as the record.
+    const char* text(const std::string& value) { return mRecord->texts.emplace_back(value).c_str(); }
+
+  private:
+    struct Owning : Parcelable {
+        std::deque<std::string> texts;  ///< never moved once they are there
+    };
+
+    const android::sp<Owning> mRecord{new Owning};
+};
+
+/// What a client asks for: maskOf<iAP2ItemAttributeMask>(iAP2ItemAttributeMask::kTitle).
+template <typename Mask>
+android::sp<Mask> maskOf(uint32_t bits) {
+    const android::sp<Mask> mask = new Mask;
+    mask->mask = bits;
+    return mask;
+}
+
+}  // namespace accessory::testkit
