@@ -7,6 +7,7 @@
 #include <cstring>
 
 #include "AppleUSBAudio/USBAudioRows.h"
+#include "common/DestructorTrace.h"
 #include "common/Dump.h"
 
 namespace accessory {
@@ -39,7 +40,7 @@ BnAppleUSBAudioManager::BnAppleUSBAudioManager(const android::sp<AppleUSBAudioMa
 }
 
 BnAppleUSBAudioManager::~BnAppleUSBAudioManager() {
-    const IAPAutoTrace trace(kUnit.tag, kUnit.file, "BnAppleUSBAudioManager");
+    const DestructorTrace trace(kUnit, "BnAppleUSBAudioManager");
 }
 
 android::status_t BnAppleUSBAudioManager::onTransact(uint32_t code, const android::Parcel& data,

@@ -4,6 +4,7 @@
 #include <binder/IPCThreadState.h>
 
 #include "AppleUSBAudio/USBAudioRows.h"
+#include "common/DestructorTrace.h"
 
 namespace accessory {
 
@@ -23,7 +24,7 @@ BnAppleUSBAudioManagerNotifier::BnAppleUSBAudioManagerNotifier(
 }
 
 BnAppleUSBAudioManagerNotifier::~BnAppleUSBAudioManagerNotifier() {
-    const IAPAutoTrace trace(kUnit.tag, kUnit.file, "BnAppleUSBAudioManagerNotifier");
+    const DestructorTrace trace(kUnit, "BnAppleUSBAudioManagerNotifier");
 }
 
 android::status_t BnAppleUSBAudioManagerNotifier::onTransact(uint32_t code, const android::Parcel& data,

@@ -2,6 +2,7 @@
 #include <accessory/IAppleUSBAudioManager.h>
 
 #include "AppleUSBAudio/USBAudioRows.h"
+#include "common/DestructorTrace.h"
 
 namespace accessory {
 
@@ -19,7 +20,7 @@ BpAppleUSBAudioManager::BpAppleUSBAudioManager(const android::sp<android::IBinde
 }
 
 BpAppleUSBAudioManager::~BpAppleUSBAudioManager() {
-    const IAPAutoTrace trace(kUnit.tag, kUnit.file, "BpAppleUSBAudioManager");
+    const DestructorTrace trace(kUnit, "BpAppleUSBAudioManager");
 }
 
 template <typename Row, typename... Arguments>

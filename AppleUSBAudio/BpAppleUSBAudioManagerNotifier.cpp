@@ -2,6 +2,7 @@
 #include <accessory/IAppleUSBAudioManagerNotifier.h>
 
 #include "AppleUSBAudio/USBAudioRows.h"
+#include "common/DestructorTrace.h"
 
 namespace accessory {
 
@@ -19,7 +20,7 @@ BpAppleUSBAudioManagerNotifier::BpAppleUSBAudioManagerNotifier(const android::sp
 }
 
 BpAppleUSBAudioManagerNotifier::~BpAppleUSBAudioManagerNotifier() {
-    const IAPAutoTrace trace(kUnit.tag, kUnit.file, "BpAppleUSBAudioManagerNotifier");
+    const DestructorTrace trace(kUnit, "BpAppleUSBAudioManagerNotifier");
 }
 
 int BpAppleUSBAudioManagerNotifier::attach(unsigned int accessoryId) {

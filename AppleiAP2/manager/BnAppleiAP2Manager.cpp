@@ -9,6 +9,7 @@
 #include <cstring>
 
 #include "AppleiAP2/manager/ManagerRows.h"
+#include "common/DestructorTrace.h"
 #include "common/Dump.h"
 
 namespace accessory {
@@ -28,9 +29,7 @@ BnAppleiAP2Manager::BnAppleiAP2Manager(const android::sp<AppleiAP2ManagerImplItf
     ACCESSORY_CHECK_STATUS(kUnit, mImpl->addNotifier(mNotifier));
 }
 
-BnAppleiAP2Manager::~BnAppleiAP2Manager() {
-    const IAPAutoTrace trace(kUnit.tag, kUnit.file, "~BnAppleiAP2Manager");
-}
+BnAppleiAP2Manager::~BnAppleiAP2Manager() { const DestructorTrace trace(kUnit, "~BnAppleiAP2Manager"); }
 
 android::status_t BnAppleiAP2Manager::onTransact(uint32_t code, const android::Parcel& data,
                                                  android::Parcel* reply, uint32_t flags) {
@@ -110,7 +109,7 @@ AppleiAP2NotifierDeathRecipient::AppleiAP2NotifierDeathRecipient(
 }
 
 AppleiAP2NotifierDeathRecipient::~AppleiAP2NotifierDeathRecipient() {
-    const IAPAutoTrace trace(kUnit.tag, kUnit.file, "~AppleiAP2NotifierDeathRecipient");
+    const DestructorTrace trace(kUnit, "~AppleiAP2NotifierDeathRecipient");
 }
 
 void AppleiAP2NotifierDeathRecipient::binderDied(const android::wp<android::IBinder>& /*who*/) {

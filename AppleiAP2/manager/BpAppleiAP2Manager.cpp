@@ -2,6 +2,7 @@
 #include <accessory/IAppleiAP2Manager.h>
 
 #include "AppleiAP2/manager/ManagerRows.h"
+#include "common/DestructorTrace.h"
 
 namespace accessory {
 
@@ -18,9 +19,7 @@ BpAppleiAP2Manager::BpAppleiAP2Manager(const android::sp<android::IBinder>& impl
     const IAPAutoTrace trace(kUnit.tag, kUnit.file, "BpAppleiAP2Manager");
 }
 
-BpAppleiAP2Manager::~BpAppleiAP2Manager() {
-    const IAPAutoTrace trace(kUnit.tag, kUnit.file, "~BpAppleiAP2Manager");
-}
+BpAppleiAP2Manager::~BpAppleiAP2Manager() { const DestructorTrace trace(kUnit, "~BpAppleiAP2Manager"); }
 
 template <typename Row, typename... Arguments>
 typename Row::Result BpAppleiAP2Manager::call(const Row& row, const Arguments&... arguments) {

@@ -3,6 +3,7 @@
 #include <android/log.h>
 
 #include "AppleiAP2/notifier/NotifierRows.h"
+#include "common/DestructorTrace.h"
 
 namespace accessory {
 
@@ -26,7 +27,7 @@ BnAppleiAP2ManagerNotifier::BnAppleiAP2ManagerNotifier(
 }
 
 BnAppleiAP2ManagerNotifier::~BnAppleiAP2ManagerNotifier() {
-    const IAPAutoTrace trace(kUnit.tag, kUnit.file, "~BnAppleiAP2ManagerNotifier");
+    const DestructorTrace trace(kUnit, "~BnAppleiAP2ManagerNotifier");
 }
 
 android::status_t BnAppleiAP2ManagerNotifier::onTransact(uint32_t code, const android::Parcel& data,

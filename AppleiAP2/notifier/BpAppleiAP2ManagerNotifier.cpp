@@ -3,6 +3,7 @@
 #include <android/log.h>
 
 #include "AppleiAP2/notifier/NotifierRows.h"
+#include "common/DestructorTrace.h"
 
 namespace accessory {
 
@@ -29,7 +30,7 @@ BpAppleiAP2ManagerNotifier::BpAppleiAP2ManagerNotifier(const android::sp<android
 }
 
 BpAppleiAP2ManagerNotifier::~BpAppleiAP2ManagerNotifier() {
-    const IAPAutoTrace trace(kUnit.tag, kUnit.file, "~BpAppleiAP2ManagerNotifier");
+    const DestructorTrace trace(kUnit, "~BpAppleiAP2ManagerNotifier");
 }
 
 template <typename Row, typename... Arguments>

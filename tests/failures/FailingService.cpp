@@ -3,6 +3,7 @@
 #include <binder/IServiceManager.h>
 #include <binder/ProcessState.h>
 
+#include "tests/failures/LibraryService.h"
 #include "tests/failures/ShortTransfer.h"
 #include "tests/platform/TestObjects.h"
 #include "tests/platform/TestService.h"
@@ -17,6 +18,7 @@ CHILD_ROLE(failingService) {
     ProcessState::self()->startThreadPool();
     const status_t status =
         defaultServiceManager()->addService(String16(args.at(0).c_str()), makeTestService());
+    EXPECT_EQ(NO_ERROR, publishManager(args.at(0)));
     parent.send(std::to_string(status));
     const TestsOwn conversation;
     for (;;) {

@@ -102,6 +102,24 @@ CHILD_ROLE(loseTrust) {
 
 TEST(Folder, ThatOthersMayWriteToLaterIsUsedNoMore) { expectSuccessOf("loseTrust"); }
 
+CHILD_ROLE(loseOwnership) {
+    constexpr uid_t kSomebodyElse = 54321;
+    useOwnFolder(args);
+    EXPECT_EQ(NO_ERROR, manager()->addService(text("before"), new BBinder));
+    EXPECT_EQ(0, chown(folder().c_str(), kSomebodyElse, static_cast<gid_t>(-1)));
+    EXPECT_EQ(NO_INIT, manager()->addService(text("never"), new BBinder));
+    EXPECT_EQ(nullptr, manager()->checkService(text("before")));
+    EXPECT_FALSE(isListed("before"));
+    EXPECT_EQ(0, chown(folder().c_str(), geteuid(), static_cast<gid_t>(-1)));
+    EXPECT_NE(nullptr, manager()->checkService(text("before")));
+    return 0;
+}
+
+TEST(Folder, ThatAnotherUserOwnsLaterIsUsedNoMore) {
+    if (geteuid() != 0) GTEST_SKIP() << "only root gives a folder away";
+    expectSuccessOf("loseOwnership");
+}
+
 CHILD_ROLE(fillTheFolder) {
     setenv("BINDER_RUNTIME_DIR", args.at(0).c_str(), 1);
     std::filesystem::create_directory(folder());

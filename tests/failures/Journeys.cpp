@@ -131,16 +131,7 @@ Outcome callBack(const std::string& /*service*/) {
     return outcomeOf(call.run());
 }
 
-Outcome dump(const std::string& /*service*/) {
-    std::array<int, 2> ends{};
-    if (pipe2(ends.data(), O_CLOEXEC) != 0) return Outcome::kRefused;
-    Vector<String16> args;
-    args.add(String16("one"));
-    const Outcome outcome = outcomeOf(gService->dump(ends[1], args));
-    close(ends[0]);
-    close(ends[1]);
-    return outcome;
-}
+Outcome dump(const std::string& /*service*/) { return dumpOf(gService); }
 
 /// The process that dies is another one at every run.
 Outcome hearOfDeath(const std::string& /*service*/) {
@@ -158,8 +149,19 @@ Outcome hearOfDeath(const std::string& /*service*/) {
 
 }  // namespace
 
-const std::vector<Journey>& journeys() {
-    static const auto* const all = new std::vector<Journey>{
+Outcome dumpOf(const sp<IBinder>& object) {
+    std::array<int, 2> ends{};
+    if (pipe2(ends.data(), O_CLOEXEC) != 0) return Outcome::kRefused;
+    Vector<String16> args;
+    args.add(String16("one"));
+    const Outcome outcome = outcomeOf(object->dump(ends[1], args));
+    close(ends[0]);
+    close(ends[1]);
+    return outcome;
+}
+
+std::vector<Journey> runtimeJourneys() {
+    return {
         {"FirstUse", nothing, check},
         {"GetService", useRuntime, get},
         {"AddService", useRuntime, add},
@@ -173,6 +175,15 @@ const std::vector<Journey>& journeys() {
         {"Dump", findService, dump},
         {"Death", findVictim, hearOfDeath},
     };
+}
+
+const std::vector<Journey>& journeys() {
+    static const auto* const all = [] {
+        auto* const journeys = new std::vector<Journey>(runtimeJourneys());
+        const std::vector<Journey> ofLibrary = libraryJourneys();
+        journeys->insert(journeys->end(), ofLibrary.begin(), ofLibrary.end());
+        return journeys;
+    }();
     return *all;
 }
 

@@ -1,6 +1,8 @@
 // What a client does with the runtime, told so that it can be done again and again while something fails.
 #pragma once
 
+#include <binder/IBinder.h>
+
 #include <ostream>
 #include <string>
 #include <vector>
@@ -25,7 +27,13 @@ struct Journey {
 /// How GoogleTest shows one.
 inline void PrintTo(const Journey& journey, std::ostream* out) { *out << journey.name; }
 
+/// All of both kinds.
 const std::vector<Journey>& journeys();
+std::vector<Journey> runtimeJourneys();
+std::vector<Journey> libraryJourneys();
+
+/// The part of a journey in which an object writes its dump to a pipe.
+Outcome dumpOf(const android::sp<android::IBinder>& object);
 
 /// The journey of that name.
 const Journey& journeyNamed(const std::string& name);

@@ -181,13 +181,11 @@ Sent sendAll(int fd, iovec* parts, size_t partCount, const int* fds, size_t fdCo
             begun = true;
         } else if (errno == EAGAIN && rest == nullptr) {
             awaitSocket(fd, POLLOUT, true, patience);
-        } else if (begun && isPassing(errno)) {
-            if (rest == nullptr) {
-                awaitMemory();
-                continue;
-            }
+        } else if (begun && rest != nullptr && isPassing(errno)) {
             *rest = patiently([&] { return bytesLeft(message); });
             return Sent::kBegun;
+        } else if (begun && isPassing(errno)) {
+            awaitMemory();
         } else if (errno != EINTR) {
             return begun || isHangUp(errno) ? Sent::kGone : Sent::kNothing;
         }
