@@ -51,11 +51,13 @@ class ClientKill : public Survivor {
     void SetUp() override {
         EXPECT_EQ(NO_ERROR, defaultServiceManager()->addService(
                                 String16(depotName().c_str()) + String16(".iap2"), stub));
+        // While no client knows the stub, nobody holds it for the length of a request.
+        mStubHolders = stub->getStrongCount();
         for (int warmUp = 0; warmUp < 3; ++warmUp)
             killInTheMiddle();
+        mStubHolders += static_cast<int32_t>(unlinked);
         forgetTheUnlinked();
         settle();
-        mStubHolders = stub->getStrongCount();
     }
 
     void killInTheMiddle();
