@@ -19,17 +19,11 @@ class QuietService : public testing::NiceMock<testkit::MockAppleiAP2ManagerImpl>
     /// All that addNotifier() was given.
     std::vector<android::sp<AppleiAP2ManagerNotifierItf>> broadcasters;
 
-    int addNotifier(const android::sp<AppleiAP2ManagerNotifierItf>& notifier) override {
-        broadcasters.push_back(notifier);
-        return addStatus;
-    }
+    QuietService();
+    ~QuietService() override;
 
-    int dump(const android::Vector<android::String16>& args, android::String8& result) override {
-        ++dumps;
-        dumpArgs = args;
-        result.append("quiet\n");
-        return dumpStatus;
-    }
+    int addNotifier(const android::sp<AppleiAP2ManagerNotifierItf>& notifier) override;
+    int dump(const android::Vector<android::String16>& args, android::String8& result) override;
 };
 
 }  // namespace accessory::test
