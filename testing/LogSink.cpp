@@ -8,6 +8,8 @@
 #include <cerrno>
 #include <cstdarg>
 #include <cstdio>
+#include <cstdlib>
+#include <memory>
 #include <new>
 #include <string>
 
@@ -15,14 +17,11 @@ namespace {
 
 // Unlike liblog, which cuts a line after 1023 bytes, the whole text is kept.
 std::string formatted(const char* format, va_list arguments) {
-    va_list again;
-    va_copy(again, arguments);
-    const int length = std::vsnprintf(nullptr, 0, format, again);
-    va_end(again);
+    char* printed = nullptr;
+    const int length = vasprintf(&printed, format, arguments);
     if (length < 0) return std::string("unprintable: ") + format;
-    std::string text(static_cast<size_t>(length), '\0');
-    std::vsnprintf(text.data(), text.size() + 1, format, arguments);
-    return text;
+    const std::unique_ptr<char, decltype(&std::free)> owned(printed, &std::free);
+    return {printed, static_cast<size_t>(length)};
 }
 
 /// Like liblog, throws nothing: a line that finds no memory is lost.

@@ -8,6 +8,7 @@
 #include "fuzz/frames/Reading.h"
 #include "fuzz/frames/Stream.h"
 #include "socket/ParcelCodec.h"
+#include "socket/Peer.h"
 
 // In liblog's place: the runtime logs what it refuses, which is most of what a fuzzer makes up.
 extern "C" __attribute__((visibility("default"))) int __android_log_print(int, const char*, const char*,
@@ -28,10 +29,10 @@ bool isSound(const Frame& frame) {
 }
 
 /// @return whether the parcel holds what the frame announced; an object that is gone is none.
-bool readsToItsEnd(Frame* frame) {
+bool readsToItsEnd(Frame* frame, Peer& sender) {
     const FrameHeader header = frame->header;
     android::Parcel parcel;
-    decode(frame, &parcel);
+    decode(frame, &parcel, sender);
     fuzz::readEverything(parcel);
     return parcel.dataSize() == header.dataSize && parcel.objectsCount() <= header.objectCount;
 }
@@ -42,7 +43,7 @@ bool takeFrames(Connection& connection) {
         Frame frame;
         const Received received = connection.receive(&frame, Wait::kNo);
         if (received != Received::kFrame) return received == Received::kNothing;
-        if (!isSound(frame) || !readsToItsEnd(&frame)) std::abort();
+        if (!isSound(frame) || !readsToItsEnd(&frame, *connection.peer())) std::abort();
     }
 }
 

@@ -4,6 +4,9 @@
 #include <sys/socket.h>
 
 #include <cstdlib>
+#include <memory>
+
+#include "socket/Node.h"
 
 namespace android::runtime::fuzz {
 
@@ -19,13 +22,20 @@ int blockDescriptor() {
     return block.fd();
 }
 
+/// The process that all frames come from; nobody listens where it would be.
+std::shared_ptr<Peer> sender() {
+    static const auto& peer =
+        *new std::shared_ptr<Peer>(Node::instance().peers.get(PeerId(Secret::random())));
+    return peer;
+}
+
 }  // namespace
 
 Stream::Stream(ConnectionKind kind) {
     int ends[2] = {-1, -1};
     if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) != 0) std::abort();
     mSender = RuntimeFd(ends[0]);
-    mConnection = std::make_unique<Connection>(RuntimeFd(ends[1]), kind, nullptr, Credentials());
+    mConnection = std::make_unique<Connection>(RuntimeFd(ends[1]), kind, sender(), Credentials());
 }
 
 void Stream::send(const uint8_t* bytes, size_t count, const std::vector<int>& fds) {

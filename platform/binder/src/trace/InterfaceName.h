@@ -12,11 +12,9 @@ class InterfaceName {
   public:
     static constexpr size_t kMost = 127;
 
-    /// Constructs nothing, since most calls are not traced.
-    InterfaceName() {}  // NOLINT(modernize-use-equals-default)
-
     void clear() { mSize = 0; }
     /// Takes the name out of the first bytes of a request: policy, work source, length, UTF-16 units, NUL.
+    /// @param data null for a request that could not be sent.
     void find(const uint8_t* data, size_t size);
 
     const char* text() const { return mText; }
@@ -25,14 +23,14 @@ class InterfaceName {
   private:
     bool take(const uint8_t* units, size_t count);
 
-    size_t mSize;
+    size_t mSize = 0;
     char mText[kMost];
 };
 
 inline void InterfaceName::find(const uint8_t* data, size_t size) {
     constexpr size_t kFront = 3 * sizeof(int32_t);
     clear();
-    if (size < kFront) return;
+    if (data == nullptr || size < kFront) return;
     int32_t length = 0;
     std::memcpy(&length, data + 2 * sizeof(int32_t), sizeof(length));
     if (length <= 0 || static_cast<size_t>(length) > kMost) return;

@@ -61,7 +61,7 @@ void advance(std::vector<iovec>* pieces, size_t done) {
 }  // namespace
 
 Recorder::Recorder(RuntimeFd file, size_t capacity)
-    : mFile(std::move(file)), mPid(getpid()), mUid(geteuid()), mRing(capacity) {
+    : mRing(capacity), mFile(std::move(file)), mPid(getpid()), mUid(geteuid()) {
     sem_init(&mWake, 0, 0);
 }
 

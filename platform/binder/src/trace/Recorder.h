@@ -29,7 +29,7 @@ struct Transaction {
 /// how many.
 ///
 /// mWriting guards the taker's end of the ring, and the file. It is a leaf, and no caller ever takes it.
-class Recorder {
+class Recorder {  // NOLINT(clang-analyzer-optin.performance.Padding): one in a process, the ring wants lines
   public:
     /// @param file the capture, open and empty. @param capacity of the ring.
     Recorder(RuntimeFd file, size_t capacity);
@@ -66,10 +66,10 @@ class Recorder {
     void writeStatisticsLocked();
     bool writeLocked(std::vector<iovec>* pieces);
 
+    Ring mRing;
     const RuntimeFd mFile;
     const int32_t mPid;
     const uint32_t mUid;
-    Ring mRing;
     std::atomic<uint64_t> mLastNumber{0};
     std::atomic<uint64_t> mDropped{0};
     std::atomic<bool> mAsleep{false};

@@ -47,10 +47,10 @@ class Ring {
     uint64_t copyIn(uint64_t position, const iovec& piece);
     void listPieces(uint64_t position, size_t size, std::vector<iovec>* pieces) const;
 
-    const size_t mCapacity;
-    uint8_t* const mBytes;
     alignas(64) std::atomic<uint64_t> mReserved{0};
     alignas(64) std::atomic<uint64_t> mReleased{0};
+    const size_t mCapacity;
+    uint8_t* const mBytes;
 };
 
 }  // namespace android::runtime::trace
