@@ -30,7 +30,8 @@ constexpr size_t kWorthJoining = 2048;
 constexpr size_t kWorthSharing = size_t{16} * 1024;
 
 void setTimeLimit(int fd, int option, std::chrono::milliseconds span) {
-    const timeval limit{span.count() / 1000, suseconds_t{span.count() % 1000} * 1000};
+    const timeval limit{static_cast<time_t>(span.count() / 1000),
+                        static_cast<suseconds_t>(span.count() % 1000 * 1000)};
     setsockopt(fd, SOL_SOCKET, option, &limit, sizeof(limit));
 }
 
