@@ -64,7 +64,7 @@ bool Session::step(uint8_t what, uint8_t who, const uint8_t* rest, size_t size) 
         case 3:
             return dies(client);
         case 4:
-            return hearsAnEvent();
+            return everyoneHears();
         case 5:
             return isListed();
         case 6:
@@ -120,7 +120,7 @@ bool Session::dies(size_t client) {
     return isListed();
 }
 
-bool Session::hearsAnEvent() {
+bool Session::everyoneHears() {
     std::vector<int> expected(kClients);
     for (size_t i = 0; i < kClients; ++i)
         expected[i] = mClients[i]->events;

@@ -51,7 +51,7 @@ class Session {
     bool registersNobody(int pid);
     bool deregisters(int pid);
     bool dies(size_t client);
-    bool hearsAnEvent();
+    bool everyoneHears();
     bool isListed() const;
     void asks(uint8_t code, const uint8_t* rest, size_t size);
     int32_t answerTo(int pid, uint32_t code, const android::Parcel& request) const;

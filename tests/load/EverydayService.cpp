@@ -2,7 +2,7 @@
 
 #include <accessory/AppleiAP2ManagerNotifier.h>
 #include <accessory/IAccessoryManager.h>
-#include <accessory/IAppleUSBAudioManager.h>
+#include <accessory/testing/MockAppleUSBAudioManager.h>
 #include <binder/ProcessState.h>
 #include <gtest/gtest.h>
 
@@ -31,28 +31,13 @@ class Accessories : public AccessoryManagerImplItf {
     int dump(const Arguments& /*args*/, String8& /*result*/) override { return 0; }
 };
 
-class Audio : public AppleUSBAudioManagerImplItf {
+class Audio : public testing::NiceMock<testkit::MockAppleUSBAudioManagerImpl> {
   public:
-    sp<AppleUSBAudioManagerNotifierItf> broadcaster;
-
-    int startup() override { return 0; }
-    int shutdown() override { return 0; }
-    int addNotifier(const sp<AppleUSBAudioManagerNotifierItf>& notifier) override {
-        broadcaster = notifier;
-        return 0;
-    }
     int getIds(unsigned int* ids, unsigned int* count) override {
         ids[0] = 5;
         *count = 1;
         return 0;
     }
-    int start(unsigned int /*value*/) override { return 0; }
-    int stop(unsigned int /*value*/) override { return 0; }
-    int setSampleRate(unsigned int /*value1*/, unsigned int /*value2*/) override { return 0; }
-    int setVolume(unsigned int /*value1*/, unsigned int /*value2*/) override { return 0; }
-    int play(unsigned int /*value*/) override { return 0; }
-    int pause(unsigned int /*value*/) override { return 0; }
-    int dump(const Arguments& /*args*/, String8& /*result*/) override { return 0; }
 };
 
 /// How many clients a listing names, told in its first line.

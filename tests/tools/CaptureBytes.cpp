@@ -94,4 +94,20 @@ void TemporaryFile::set(const std::string& content) const {
     std::ofstream(mPath, std::ios::binary | std::ios::trunc) << content;
 }
 
+PacketBytes launch() {
+    PacketBytes packet;
+    packet.code = 13;
+    packet.descriptor = kManager;
+    packet.data = tokenBytes(kManager) + cells({7}) + cstrBytes("com.example.maps") + cells({2});
+    return packet;
+}
+
+PacketBytes launchReply() {
+    PacketBytes packet = launch();
+    packet.kind = 2;
+    packet.direction = 2;
+    packet.data = cells({0, -5});
+    return packet;
+}
+
 }  // namespace accessory::test

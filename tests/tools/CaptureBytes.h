@@ -56,4 +56,10 @@ class TemporaryFile {
     std::string mPath;
 };
 
+inline constexpr char kManager[] = "accessory.AppleiAP2Manager";
+
+/// launchAPP(7, "com.example.maps", 2), as its caller sends it, and the answer -5.
+PacketBytes launch();
+PacketBytes launchReply();
+
 }  // namespace accessory::test

@@ -17,24 +17,7 @@ using tools::Capture;
 using tools::CaptureError;
 using tools::Packet;
 
-constexpr char kManager[] = "accessory.AppleiAP2Manager";
 constexpr char kNotifier[] = "accessory.AppleiAP2ManagerNotifier";
-
-PacketBytes launch() {
-    PacketBytes packet;
-    packet.code = 13;
-    packet.descriptor = kManager;
-    packet.data = tokenBytes(kManager) + cells({7}) + cstrBytes("com.example.maps") + cells({2});
-    return packet;
-}
-
-PacketBytes launchReply() {
-    PacketBytes packet = launch();
-    packet.kind = 2;
-    packet.direction = 2;
-    packet.data = cells({0, -5});
-    return packet;
-}
 
 PacketBytes powerUpdate() {
     PacketBytes packet;

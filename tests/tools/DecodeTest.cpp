@@ -19,24 +19,7 @@ namespace {
 
 using testing::HasSubstr;
 
-constexpr char kManager[] = "accessory.AppleiAP2Manager";
 constexpr uint64_t kTime = 1'700'000'000'123'456'789;  // 2023-11-14T22:13:20.123456789Z
-
-PacketBytes launch() {
-    PacketBytes packet;
-    packet.code = 13;
-    packet.descriptor = kManager;
-    packet.data = tokenBytes(kManager) + cells({7}) + cstrBytes("com.example.maps") + cells({2});
-    return packet;
-}
-
-PacketBytes launchReply() {
-    PacketBytes packet = launch();
-    packet.kind = 2;
-    packet.direction = 2;
-    packet.data = cells({0, -5});
-    return packet;
-}
 
 PacketBytes failedReply() {
     PacketBytes packet = launchReply();

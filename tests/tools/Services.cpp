@@ -2,7 +2,7 @@
 
 #include <accessory/AppleiAP2ManagerNotifier.h>
 #include <accessory/IAccessoryManager.h>
-#include <accessory/IAppleUSBAudioManager.h>
+#include <accessory/testing/MockAppleUSBAudioManager.h>
 #include <binder/IServiceManager.h>
 #include <binder/Parcel.h>
 #include <binder/ProcessState.h>
@@ -52,29 +52,14 @@ class Accessories : public AccessoryManagerImplItf {
     int dump(const android::Vector<String16>& /*args*/, String8& /*result*/) override { return 0; }
 };
 
-class Audio : public AppleUSBAudioManagerImplItf {
+class Audio : public testing::NiceMock<testkit::MockAppleUSBAudioManagerImpl> {
   public:
-    int startup() override { return 0; }
-    int shutdown() override { return 0; }
-    int addNotifier(const sp<AppleUSBAudioManagerNotifierItf>& notifier) override {
-        broadcaster = notifier;
-        return 0;
-    }
     int getIds(unsigned int* ids, unsigned int* count) override {
         ids[0] = 4;
         ids[1] = 9;
         *count = 2;
         return 0;
     }
-    int start(unsigned int /*value*/) override { return 0; }
-    int stop(unsigned int /*value*/) override { return 0; }
-    int setSampleRate(unsigned int /*value1*/, unsigned int /*value2*/) override { return 0; }
-    int setVolume(unsigned int /*value1*/, unsigned int /*value2*/) override { return 0; }
-    int play(unsigned int /*value*/) override { return 0; }
-    int pause(unsigned int /*value*/) override { return 0; }
-    int dump(const android::Vector<String16>& /*args*/, String8& /*result*/) override { return 0; }
-
-    sp<AppleUSBAudioManagerNotifierItf> broadcaster;
 };
 
 /// All that the role serves; kept until the process ends.

@@ -13,8 +13,9 @@
 
 namespace android::runtime {
 
-/// Its handlers never block and never run foreign code, so that peers and deaths are noticed promptly even
-/// when every stub is busy. mLock guards the tables; handlers run without it and may change them.
+/// Its handlers never run foreign code and wait for nothing but memory, so that peers and deaths are noticed
+/// promptly even when every stub is busy. mLock guards the tables; handlers run without it and may change
+/// them.
 class Reactor {
   public:
     using Handler = std::function<void(uint32_t events)>;
