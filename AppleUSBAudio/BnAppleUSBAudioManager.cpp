@@ -58,13 +58,16 @@ android::status_t BnAppleUSBAudioManager::onTransact(uint32_t code, const androi
 int BnAppleUSBAudioManager::setNotifier(const android::sp<IAppleUSBAudioManagerNotifier>& notifier) {
     const android::IPCThreadState* const self = reportedThreadState();
     if (self == nullptr) return -1;
-    // A null notifier would end every later event early, and has no binder to watch.
-    if (!ACCESSORY_CHECK(kUnit, notifier.get())) return android::BAD_VALUE;
     const int pid = self->getCallingPid();
     __android_log_print(ANDROID_LOG_INFO, kUnit.tag, "Calling Process: PID=%d, UID=%d", pid,
                         static_cast<int>(self->getCallingUid()));
-    if (mNotifier->addNotifier(pid, notifier) != 0) return 0;
-    const android::sp<android::IBinder> binder = android::IInterface::asBinder(notifier);
+    // Null has no binder to watch, and would end every later event early. As a second registration it changes
+    // nothing, like any other.
+    const android::sp<IAppleUSBAudioManagerNotifier> client =
+        notifier != nullptr ? notifier : mNotifier->find(pid);
+    if (!ACCESSORY_CHECK_AS(kUnit, client != nullptr, "notifier.get()")) return android::BAD_VALUE;
+    if (mNotifier->addNotifier(pid, client) != 0) return 0;
+    const android::sp<android::IBinder> binder = android::IInterface::asBinder(client);
     const android::sp<android::IBinder::DeathRecipient> mDeathRecipient =
         new AppleUSBAudioNotifierDeathRecipient(this, pid);
     const ssize_t position = mNotifierDeathRecipients.update([&](DeathRecipients& recipients) {

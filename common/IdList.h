@@ -9,9 +9,17 @@
 
 namespace accessory::wire {
 
-/// The most identifiers that an operation reports. Whoever claims more has the count cut, so that neither
-/// side touches an eleventh.
+/// The most identifiers that an operation reports, and room for as many is what an implementation is given.
+/// Whoever claims more has the count cut, so that neither side reads or sends an eleventh.
 inline constexpr unsigned int kMostIds = 10;
+
+/// Reads what was announced beyond kMostIds and drops it, so that the result is still found behind it.
+/// @param readOne reads one more; false when it cannot be read, and then no further one could be.
+template <typename ReadOne>
+void passOverSurplus(unsigned int announced, ReadOne readOne) {
+    for (unsigned int i = kMostIds; i < announced; ++i)
+        if (!readOne()) return;
+}
 
 /// In the reply a count, and as many int32.
 struct IdList {
@@ -27,9 +35,8 @@ struct IdList {
         *count = std::min(announced, kMostIds);
         for (unsigned int i = 0; i < *count; ++i)
             ids[i] = static_cast<unsigned int>(in.i32());
-        // What is beyond is passed over, so that the result is still found.
-        for (unsigned int i = kMostIds; i < announced && in.parcel().dataAvail() > 0; ++i)
-            in.i32();
+        int32_t passed = 0;
+        passOverSurplus(announced, [&] { return in.parcel().readInt32(&passed) == android::NO_ERROR; });
     }
 
     struct Slot {

@@ -5,10 +5,9 @@
 //   Arguments    the parameters of the operation that it carries, as a tuple (a buffer carries two),
 //   name         of the field,
 //   write()      puts the arguments into a request,
-//   Slot         holds what a stub reads: read() takes it out of the request and tells whether, and with
-//   which
-//                status, the stub must give up; arguments() hands it to the operation. A slot may own memory;
-//                it lives until the reply is written.
+//   Slot         holds what a stub reads: read() takes it out of the request and tells whether, and
+//                with which status, the stub must give up; arguments() hands it to the operation. A slot may
+//                own memory; it lives until the reply is written.
 //
 // A kind that travels in the reply instead has kAnswers; its slot has writeReply() in place of read(), and it
 // has readReply(), which gives the proxy's caller what came, in place of write().

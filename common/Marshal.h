@@ -18,6 +18,21 @@ enum class Reports {
     kEveryStep,   ///< all, in the return-value form
 };
 
+/// Appends @p value with its NUL. @return BAD_VALUE for null, which not every platform's parcel withstands.
+inline android::status_t appendCString(android::Parcel& parcel, const char* value) {
+    if (value == nullptr) return android::BAD_VALUE;
+    return parcel.writeCString(value);
+}
+
+/// Appends @p count values as they lie in memory.
+/// @return BAD_VALUE for null with a count, and for more bytes than can be counted.
+template <typename T>
+android::status_t appendArray(android::Parcel& parcel, const T* values, size_t count) {
+    if (count == 0) return parcel.write(values, 0);
+    if (values == nullptr || count > SIZE_MAX / sizeof(T)) return android::BAD_VALUE;
+    return parcel.write(values, count * sizeof(T));
+}
+
 /// What is true of all transactions of an interface.
 struct Manners {
     const Unit& unit;
@@ -58,20 +73,19 @@ class Writer : public Steps {
         step(mParcel.writeString8(value), check);
     }
     /// A null string is a failed step that writes nothing.
-    void cstr(const char* value) {
-        step(value != nullptr ? mParcel.writeCString(value)
-                              : static_cast<android::status_t>(android::BAD_VALUE));
-    }
+    void cstr(const char* value) { step(appendCString(mParcel, value)); }
     /// A presence word, and the string when there is one.
     void optionalCstr(const char* value) {
         i32(value != nullptr ? 1 : 0);
         if (value != nullptr) cstr(value);
     }
-    /// Bytes as they lie in memory. Null with a length, or a length beyond all parcels, is a failed step.
-    void raw(const void* bytes, size_t length) {
-        const bool readable = bytes != nullptr || length == 0;
-        step(readable ? mParcel.write(bytes, length) : static_cast<android::status_t>(android::BAD_VALUE));
+    /// Values as they lie in memory. Null with a count, or a count beyond all parcels, is a failed step.
+    template <typename T>
+    void array(const T* values, size_t count) {
+        step(appendArray(mParcel, values, count));
     }
+    /// Bytes, as array().
+    void raw(const void* bytes, size_t length) { array(static_cast<const uint8_t*>(bytes), length); }
     /// @param check as for step().
     void binder(const android::sp<android::IBinder>& value, const char* check) {
         step(mParcel.writeStrongBinder(value), check);

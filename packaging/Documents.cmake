@@ -15,12 +15,12 @@ accessory_compress("${CMAKE_CURRENT_SOURCE_DIR}/debian/changelog" "${documents}/
 function(accessory_install_documents component package)
   install(FILES debian/copyright "${documents}/changelog.gz" "${documents}/changelog.Debian.gz"
           DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/${package}" COMPONENT ${component})
-  if(EXISTS "${CMAKE_CURRENT_SOURCE_DIR}/debian/${package}.lintian-overrides")
-    install(FILES "debian/${package}.lintian-overrides" DESTINATION "${CMAKE_INSTALL_DATADIR}/lintian/overrides"
+  if(EXISTS "${CMAKE_CURRENT_SOURCE_DIR}/debian/${component}.lintian-overrides")
+    install(FILES "debian/${component}.lintian-overrides" DESTINATION "${CMAKE_INSTALL_DATADIR}/lintian/overrides"
             RENAME "${package}" COMPONENT ${component})
   endif()
 endfunction()
-accessory_install_documents(library libaccessory${PROJECT_VERSION_MAJOR})
+accessory_install_documents(library ${library_package})
 accessory_install_documents(development libaccessory-dev)
 accessory_install_documents(tools accessory-tools)
 

@@ -31,12 +31,14 @@ void AppIds::Slot::writeReply(Writer& out) {
 }
 
 void AppIds::readReply(Reader& in, const char** appIds, unsigned int* count) {
-    *count = std::min(static_cast<unsigned int>(in.i32()), kMostIds);
+    const auto announced = static_cast<unsigned int>(in.i32());
+    *count = std::min(announced, kMostIds);
     for (unsigned int i = 0; i < *count; ++i) {
         if (in.cstr() == nullptr) continue;
         __android_log_print(ANDROID_LOG_DEBUG, kTag, "%s get appIds %s", "getAPPIds",
                             appIds != nullptr && appIds[i] != nullptr ? appIds[i] : "(null)");
     }
+    passOverSurplus(announced, [&in] { return in.cstr() != nullptr; });
 }
 
 GiveUp FeatureAnswer::write(Writer& out, const char* feature, const char* /*check*/) {

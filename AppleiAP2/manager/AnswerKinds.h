@@ -9,8 +9,8 @@
 
 namespace accessory::wire::iap2_manager {
 
-/// Application identifiers. The service sends them; the client counts and logs them, and stores none: they
-/// reach an application by events.
+/// Application identifiers. The service sends them; the client counts them and stores none: they reach an
+/// application by events. For each it logs what its own caller's array holds at that place.
 struct AppIds {
     static constexpr const char* kKind = "application identifiers";
     static constexpr bool kAnswers = true;

@@ -24,7 +24,7 @@ struct Array {
 
     static void write(Writer& out, Pointer elements, Count count) {
         out.i32(static_cast<int32_t>(count));
-        out.raw(elements, static_cast<size_t>(count) * sizeof(Element));
+        out.array(elements, static_cast<size_t>(count));
     }
 
     struct Slot {
@@ -60,7 +60,7 @@ struct CheckedArray : Array<Pointer, Count> {
 
         GiveUp read(Reader& in) {
             this->readCount(in);
-            if constexpr (kReadOnlyBytes) borrowed = in.bytes(static_cast<size_t>(this->count));
+            if (mayBorrow()) borrowed = in.bytes(static_cast<size_t>(this->count));
             if (borrowed != nullptr) return kGoOn;
             if (!holds(in.site(), this->allocate(), kCheck)) return android::BAD_VALUE;
             this->readElements(in);
@@ -71,6 +71,11 @@ struct CheckedArray : Array<Pointer, Count> {
                 if (borrowed != nullptr) return {static_cast<Pointer>(borrowed), this->count};
             }
             return {this->elements.get(), this->count};
+        }
+
+      private:
+        bool mayBorrow() const {
+            return kReadOnlyBytes && static_cast<size_t>(this->count) <= kMostTransactionBytes;
         }
     };
 };
@@ -90,7 +95,7 @@ struct BluetoothAddress : Array<unsigned char*, unsigned int> {
     };
 };
 
-/// Display identifiers: no memory and a null pointer when there are none.
+/// Identifiers: no memory and a null pointer when there are none.
 struct DisplayIds : Array<int*, int> {
     struct Slot : Array<int*, int>::Slot {
         GiveUp read(Reader& in);

@@ -1,5 +1,5 @@
-// BnAppleiAP2Manager: dispatch, registration and dump. Everything else is in
-// BnAppleiAP2ManagerForwarders.cpp.
+// BnAppleiAP2Manager: dispatch, registration, death of a client, and dump. What only hands a request on to
+// the implementation is in BnAppleiAP2ManagerForwarders.cpp.
 #include <accessory/IAPAutoTrace.h>
 #include <accessory/IAppleiAP2Manager.h>
 #include <android/log.h>
@@ -42,11 +42,14 @@ int BnAppleiAP2Manager::setNotifier(const android::sp<IAppleiAP2ManagerNotifier>
     const IAPAutoTrace trace(kUnit.tag, kUnit.file, "setNotifier");
     const android::IPCThreadState* const self = android::IPCThreadState::self();
     if (self == nullptr) return 0;
-    // A null notifier would end every later event early, and has no binder to watch.
-    if (!ACCESSORY_CHECK(kUnit, notifier.get())) return android::BAD_VALUE;
     const int pid = self->getCallingPid();
-    if (mNotifier->addNotifier(pid, notifier) != 0) return 0;
-    const android::sp<android::IBinder> binder = android::IInterface::asBinder(notifier);
+    // Null has no binder to watch, and would end every later event early. As a second registration it changes
+    // nothing, like any other.
+    const android::sp<IAppleiAP2ManagerNotifier> client =
+        notifier != nullptr ? notifier : mNotifier->find(pid);
+    if (!ACCESSORY_CHECK_AS(kUnit, client != nullptr, "notifier.get()")) return android::BAD_VALUE;
+    if (mNotifier->addNotifier(pid, client) != 0) return 0;
+    const android::sp<android::IBinder> binder = android::IInterface::asBinder(client);
     const android::sp<AppleiAP2NotifierDeathRecipient> recipient =
         new AppleiAP2NotifierDeathRecipient(this, pid);
     const ssize_t added = mNotifierDeathRecipients.update([&](DeathRecipients& recipients) {

@@ -60,11 +60,15 @@ void AppList::Slot::readElement(Reader& in, size_t index) {
     mBuffers.get()[index] = element.buffer;
 }
 
-/// All buffers of a request together cannot be larger than a transaction; null for one that claims to be.
+/// All buffers of a list together cannot be larger than a transaction; for one that claims to be, as for one
+/// without memory, the read fails and null is told.
 void* AppList::Slot::readBuffer(Reader& in, uint32_t length) {
-    if (length > kMostTransactionBytes - mBufferBytes) return nullptr;
-    void* const buffer = std::calloc(length, 1);  // NOLINT(cppcoreguidelines-no-malloc)
-    if (buffer == nullptr) return nullptr;
+    const bool possible = length <= kMostTransactionBytes - mBufferBytes;
+    void* const buffer = possible ? std::calloc(length, 1) : nullptr;  // NOLINT(cppcoreguidelines-no-malloc)
+    if (buffer == nullptr) {
+        in.step(android::NO_MEMORY);
+        return nullptr;
+    }
     mBufferBytes += length;
     in.raw(buffer, length);
     return buffer;

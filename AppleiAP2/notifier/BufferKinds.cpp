@@ -27,7 +27,11 @@ GiveUp TransferSetup::Slot::read(Reader& in) {
     uint32_t words[8] = {};
     in.raw(words, sizeof(words));
     const auto length = static_cast<uint32_t>(in.i32());
-    if (length != 0 && buffer.allocate(length)) in.raw(buffer.get(), length);
+    if (length != 0 && buffer.allocate(length)) {
+        in.raw(buffer.get(), length);
+    } else if (length != 0) {
+        in.step(android::NO_MEMORY);
+    }
     setup = {
         words[0], words[1], words[2], words[3], words[4], buffer.get(), buffer.get() != nullptr ? length : 0,
         words[7]};

@@ -35,7 +35,8 @@ struct HidReport {
         int length = 0;
         uint8_t report[kMostBytes] = {};
 
-        /// A length that the buffer does not hold counts as a failed read.
+        /// A length that the buffer does not hold counts as a failed read: no bytes then, and the nearest
+        /// length that the buffer has.
         GiveUp read(Reader& in) {
             component = in.i32();
             length = in.i32();

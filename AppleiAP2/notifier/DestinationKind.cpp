@@ -15,7 +15,7 @@ void Destination::write(Writer& out, const DestinationInfo* info) {
     if (has(Info::kThirdString)) out.cstr(info->thirdString);
     if (has(Info::kPoints)) {
         out.i32(static_cast<int32_t>(info->pointCount));
-        out.raw(info->points, info->pointCount * sizeof(Info::Point));
+        out.array(info->points, info->pointCount);
     }
     if (has(Info::kValue)) out.i32(static_cast<int32_t>(info->value));
     if (has(Info::kFourthString)) out.cstr(info->fourthString);

@@ -1,7 +1,5 @@
 #include "AppleiAP2/records/EntryMemory.h"
 
-#include <accessory/MediaLibraryRecords.h>
-
 #include <atomic>
 #include <new>
 
@@ -47,7 +45,7 @@ struct EntryMemory::Block {
 
 /// What stands before every entry.
 struct alignas(std::max_align_t) EntryMemory::Place {
-    Block* block;  ///< null for an entry that came alone
+    Block* block;
     size_t bytes;  ///< of the entry
 
     void* entry() { return this + 1; }
@@ -77,20 +75,10 @@ void* EntryMemory::take(size_t bytes) {
     return place->entry();
 }
 
-void* EntryMemory::takeAlone(size_t bytes) {
-    return (new (::operator new(sizeof(Place) + bytes)) Place{nullptr, bytes})->entry();
-}
-
 void EntryMemory::release(void* entry) {
     Place* const place = Place::of(entry);
-    if (place->block == nullptr) return ::operator delete(place);
     ASAN_POISON_MEMORY_REGION(entry, place->bytes);
     place->block->letGo(1);
 }
-
-void* BroughtInNumbers::operator new(size_t bytes) { return EntryMemory::takeAlone(bytes); }
-void BroughtInNumbers::operator delete(void* entry) { EntryMemory::release(entry); }
-void* BroughtInNumbers::operator new(size_t bytes, EntryMemory& memory) { return memory.take(bytes); }
-void BroughtInNumbers::operator delete(void* entry, EntryMemory& /*memory*/) { EntryMemory::release(entry); }
 
 }  // namespace accessory

@@ -40,11 +40,17 @@ void writeEntry(RecordWriter& writer, const Entry& entry) {
     }
 }
 
+sp<Entry> readItem(RecordReader& reader, EntryMemory& memory) {
+    sp<MediaItemMask> mask = new (memory) Packed<MediaItemMask>;
+    sp<IiAP2MediaItem> item = new (memory) Packed<IiAP2MediaItem>(std::move(mask));
+    return readInto<MediaItemTable>(std::move(item), reader.operation(), reader.parcel());
+}
+
 sp<Entry> readEntry(RecordReader& reader, EntryMemory& memory) {
     const android::Parcel& parcel = reader.parcel();
     switch (reader.int32()) {
         case Entry::kItem:
-            return readInto<MediaItemTable>(new (memory) IiAP2MediaItem(memory), reader.operation(), parcel);
+            return readItem(reader, memory);
         case Entry::kPlaylist:
             return IiAP2MediaPlaylist::FromParcel(parcel);
         case Entry::kDeletedItem:
@@ -72,17 +78,18 @@ bool GroupList::write(RecordWriter& writer, const iAP2MediaLibData& update) cons
 }
 
 // The count is only believed as far as entries can have come: room is made for what the parcel still holds,
-// and the entries that a parcel cut short owes, which read as empty items, end where a transaction would.
+// and the entries that a parcel cut short owes, which read as empty items, end where a transaction would. An
+// entry that finds no room in the list is read all the same, so that what follows is found.
 bool GroupList::read(RecordReader& reader, GroupEntries& slot) const {
     const int32_t count = reader.int32();
     if (count <= 0) return true;
     slot.setCapacity(std::min<size_t>(count, reader.available() / kSmallestEntryBytes));
     EntryMemory memory;
-    for (int32_t i = 0; i < count && slot.size() < kMostEntries; ++i) {
+    const auto announced = std::min<size_t>(count, kMostTransactionBytes / kTypeBytes);
+    for (size_t i = 0; i < announced && slot.size() < kMostEntries; ++i) {
         sp<Entry> entry = readEntry(reader, memory);
-        if (entry == nullptr) continue;
-        slot.push();
-        slot.editTop() = std::move(entry);
+        const ssize_t place = entry != nullptr ? slot.add() : -1;
+        if (place >= 0) slot.editItemAt(static_cast<size_t>(place)) = std::move(entry);
     }
     return true;
 }

@@ -1,5 +1,7 @@
 #include <accessory/MediaLibraryRecords.h>
 
+#include <utility>
+
 #include "AppleiAP2/records/MediaLibraryTables.h"
 #include "AppleiAP2/records/RecordParcel.h"
 
@@ -15,8 +17,8 @@ iAP2MediaLibGroupData::~iAP2MediaLibGroupData() = default;
 MediaLibUpdateInfo::~MediaLibUpdateInfo() = default;
 
 iAP2MediaItem::~iAP2MediaItem() = default;
-IiAP2MediaItem::IiAP2MediaItem() : mMask(new MediaItemMask) {}
-IiAP2MediaItem::IiAP2MediaItem(EntryMemory& memory) : mMask(new (memory) MediaItemMask) {}
+IiAP2MediaItem::IiAP2MediaItem() : IiAP2MediaItem(new MediaItemMask) {}
+IiAP2MediaItem::IiAP2MediaItem(sp<MediaItemMask> mask) : mMask(std::move(mask)) {}
 IiAP2MediaItem::~IiAP2MediaItem() = default;
 
 sp<IiAP2MediaItem> IiAP2MediaItem::FromParcel(const Parcel& parcel) {

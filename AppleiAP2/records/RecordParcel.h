@@ -1,4 +1,5 @@
-// What every record's FromParcel, writeToParcel and toString are made of: its table and these functions.
+// What FromParcel, writeToParcel and toString of most records are made of: a table of its fields and these
+// functions.
 #pragma once
 
 #include "AppleiAP2/records/RecordReader.h"
@@ -13,11 +14,10 @@ void writeRecord(const Operation& operation, android::Parcel* parcel, const type
     RecordWriter(parcel, operation).record(record.getMask(), record, Table::kFields);
 }
 
-/// Reads from the position of @p parcel into @p empty, a new record with a mask object.
+/// Reads from the position of @p parcel into @p record, a new one with a mask object.
 template <typename Table>
-android::sp<typename Table::Parcelable> readInto(typename Table::Parcelable* empty,
+android::sp<typename Table::Parcelable> readInto(android::sp<typename Table::Parcelable> record,
                                                  const Operation& operation, const android::Parcel& parcel) {
-    android::sp<typename Table::Parcelable> record = empty;
     RecordReader reader(parcel, operation);
     record->mMask->mask = reader.uint32();
     reader.fields(record->mMask->mask, *record, Table::kFields);

@@ -24,7 +24,8 @@ std::string recordText(const char* name, uint32_t mask, const Record& record, co
     return text + '}';
 }
 
-/// `[a, b, c]`, where @p print appends the element of an index; null when @p present is false.
+/// `[a, b, c]`, where @p print appends the element of an index; null when there should be elements
+/// and @p present is false.
 template <typename Print>
 void appendList(std::string& text, uint32_t count, bool present, Print&& print) {
     if (!present && count != 0) {

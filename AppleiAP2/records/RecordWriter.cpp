@@ -4,7 +4,7 @@ namespace accessory {
 
 void RecordWriter::block(const void* values, uint32_t count) {
     require(values != nullptr || count == 0, "data");
-    check(mParcel.write(values, size_t{count} * sizeof(uint16_t)));
+    check(wire::appendArray(mParcel, static_cast<const uint16_t*>(values), count));
 }
 
 void RecordWriter::require(bool condition, const char* text) const {

@@ -5,6 +5,7 @@
 
 #include "AppleiAP2/records/Field.h"
 #include "AppleiAP2/records/Operation.h"
+#include "common/Marshal.h"
 
 namespace accessory {
 
@@ -32,7 +33,7 @@ class RecordWriter {
 
     void int32(int32_t value) { check(mParcel.writeInt32(value)); }
     void int64(uint64_t value) { check(mParcel.writeInt64(static_cast<int64_t>(value))); }
-    void cstring(const char* value) { check(mParcel.writeCString(value)); }
+    void cstring(const char* value) { check(wire::appendCString(mParcel, value)); }
     /// For those who know how long it is. @param bytes its length with the NUL.
     void cstring(const char* value, size_t bytes) { check(mParcel.write(value, bytes)); }
 

@@ -9,7 +9,7 @@
 namespace accessory {
 namespace {
 
-// A copy in array memory; null when there is nothing to copy or no memory.
+// A copy in array memory; null for a null source, or without memory.
 template <typename Entry>
 Entry* copyOf(const Entry* entries, uint32_t count) {
     if (entries == nullptr) return nullptr;
@@ -37,7 +37,7 @@ LaneInformation* copyOfLanes(const LaneInformation* lanes, uint32_t count) {
 }
 
 // Puts a copy of @p source, null when that failed, into a slot that was emptied, and its bit into the mask. A
-// null source keeps its count: the writer reports it.
+// null source keeps its count: the writer ends the process at it, or sends the count of lanes alone.
 template <typename Entry>
 void store(uint32_t& mask, uint32_t bit, CountedSlot<Entry> slot, Entry* copy, const Entry* source,
            uint32_t count) {

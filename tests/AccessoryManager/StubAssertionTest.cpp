@@ -16,7 +16,7 @@ constexpr char kReport[] =
     "\\(uint32_t, const android::Parcel ?&, android::Parcel ?\\*, uint32_t\\): Assertion `self' failed\\.";
 
 void askWithoutAThreadState(uint32_t code, const Bytes& request) {
-    const android::sp<OpenStub> stub = new OpenStub(nullptr);
+    const android::sp<BnAccessoryManager> stub = new BnAccessoryManager(nullptr);
     android::IPCThreadState::shutdown();
     ask(*stub, code, request);
 }

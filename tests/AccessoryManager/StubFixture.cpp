@@ -15,7 +15,7 @@ void PrintTo(const Answer& answer, std::ostream* out) {
     *out << "status " << answer.status << ", reply " << testing::PrintToString(answer.reply);
 }
 
-Answer ask(OpenStub& stub, uint32_t code, const Bytes& request) {
+Answer ask(BnAccessoryManager& stub, uint32_t code, const Bytes& request) {
     android::Parcel data;
     android::Parcel reply;
     fill(&data, request);

@@ -11,13 +11,6 @@
 
 namespace accessory::test {
 
-/// A stub whose dispatch a test may call, as the runtime does.
-class OpenStub : public BnAccessoryManager {
-  public:
-    using BnAccessoryManager::BnAccessoryManager;
-    using BnAccessoryManager::onTransact;
-};
-
 /// How a request ended.
 struct Answer {
     android::status_t status;
@@ -27,7 +20,7 @@ bool operator==(const Answer& left, const Answer& right);
 void PrintTo(const Answer& answer, std::ostream* out);
 
 /// Hands @p stub a request of those bytes, with flags 0.
-Answer ask(OpenStub& stub, uint32_t code, const Bytes& request);
+Answer ask(BnAccessoryManager& stub, uint32_t code, const Bytes& request);
 
 /// The line that every request leaves, from this process itself.
 testing::Matcher<const LogLine&> calling(uint32_t code);
@@ -37,7 +30,7 @@ class StubFixture : public testing::Test {
   protected:
     const android::sp<testing::StrictMock<testkit::MockAccessoryManagerImpl>> accessories{
         new testing::StrictMock<testkit::MockAccessoryManagerImpl>};
-    const android::sp<OpenStub> stub{new OpenStub(accessories)};
+    const android::sp<BnAccessoryManager> stub{new BnAccessoryManager(accessories)};
     LogCatcher log;
 };
 

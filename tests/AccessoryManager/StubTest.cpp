@@ -24,9 +24,9 @@ String8 string8Of(const std::string& text) { return String8(text.data(), text.si
 Answer done(const Bytes& result) { return {NO_ERROR, parcel({i32(0), result})}; }
 
 /// A service that answers one operation in the stub itself.
-class OwnFeatures : public OpenStub {
+class OwnFeatures : public BnAccessoryManager {
   public:
-    using OpenStub::OpenStub;
+    using BnAccessoryManager::BnAccessoryManager;
     int getDeviceCount() override { return 11; }
     int getFeature(unsigned int accessoryId) override { return static_cast<int>(accessoryId) + 22; }
     String8 getPath(unsigned int accessoryId) override { return String8::format("/own/%u", accessoryId); }
@@ -216,7 +216,7 @@ TEST(StubWithoutAnImplementation, IsMadeWithoutComplaint) {
 }
 
 TEST(StubWithoutAnImplementation, AnswersEveryQueryWithZeroOrAnEmptyPathAndLogsIt) {
-    const sp<OpenStub> stub = new OpenStub(nullptr);
+    const sp<BnAccessoryManager> stub = new BnAccessoryManager(nullptr);
     const auto expectLoggedAnswer = [&](uint32_t code, const Bytes& arguments) {
         const LogCatcher log;
         EXPECT_EQ(ask(*stub, code, parcel({token(), arguments})), done(i32(0))) << code;

@@ -30,7 +30,7 @@ class AudioFixture : public testing::Test {
     AudioFixture() { log.clear(); }
 
     const android::sp<AudioService> service{new AudioService};
-    const android::sp<OpenAudioStub> stub{keptStub(service)};
+    const android::sp<BnAppleUSBAudioManager> stub{keptStub(service)};
     const android::sp<AppleUSBAudioManagerNotifierItf> broadcaster{service->broadcasters.at(0)};
     const android::sp<AppleUSBAudioManagerNotifier> registry{
         dynamic_cast<AppleUSBAudioManagerNotifier*>(broadcaster.get())};

@@ -78,9 +78,9 @@ void PrintTo(const Answer& answer, std::ostream* out) {
     *out << "status " << answer.status << ", reply " << testing::PrintToString(answer.reply);
 }
 
-sp<OpenAudioStub> keptStub(const sp<AppleUSBAudioManagerImplItf>& service) {
-    static std::vector<sp<OpenAudioStub>>& all = *new std::vector<sp<OpenAudioStub>>;
-    all.push_back(new OpenAudioStub(service));
+sp<BnAppleUSBAudioManager> keptStub(const sp<AppleUSBAudioManagerImplItf>& service) {
+    static std::vector<sp<BnAppleUSBAudioManager>>& all = *new std::vector<sp<BnAppleUSBAudioManager>>;
+    all.push_back(new BnAppleUSBAudioManager(service));
     return all.back();
 }
 

@@ -77,18 +77,6 @@ class AudioListener : public AppleUSBAudioManagerNotifierImplItf {
     std::string mTold;
 };
 
-/// Stubs whose dispatch a test may call, as the runtime does.
-class OpenAudioStub : public BnAppleUSBAudioManager {
-  public:
-    using BnAppleUSBAudioManager::BnAppleUSBAudioManager;
-    using BnAppleUSBAudioManager::onTransact;
-};
-class OpenAudioNotifierStub : public BnAppleUSBAudioManagerNotifier {
-  public:
-    using BnAppleUSBAudioManagerNotifier::BnAppleUSBAudioManagerNotifier;
-    using BnAppleUSBAudioManagerNotifier::onTransact;
-};
-
 /// How a request ended.
 struct Answer {
     android::status_t status;
@@ -118,6 +106,6 @@ inline Bytes audioEvent(const Bytes& arguments = {}) {
 
 /// Stubs, their registries and recipients hold each other for good. Here they stay reachable, as they do in a
 /// service, which keeps its stub.
-android::sp<OpenAudioStub> keptStub(const android::sp<AppleUSBAudioManagerImplItf>& service);
+android::sp<BnAppleUSBAudioManager> keptStub(const android::sp<AppleUSBAudioManagerImplItf>& service);
 
 }  // namespace accessory::test

@@ -133,12 +133,12 @@ TEST_F(AudioClients, ThatReturnFiveCauseOneLineEach) {
     EXPECT_EQ(client(2).told(), "attach(7)|");
 }
 
-TEST_F(AudioClients, GetBadValueForANullNotifier) {
+TEST_F(AudioClients, GetBadValueForANullNotifierUnlessTheyAreRegistered) {
     start(1);
     EXPECT_EQ(client(0).setNull(), -22);
     EXPECT_EQ(listed(), std::vector<int>{});
     EXPECT_EQ(client(0).setNotifier(), 0);
-    EXPECT_EQ(client(0).setNull(), -22);
+    EXPECT_EQ(client(0).setNull(), 0);
     EXPECT_EQ(broadcaster->attach(7), 0);
     EXPECT_EQ(client(0).told(), "attach(7)|");
 }

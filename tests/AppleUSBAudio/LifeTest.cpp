@@ -36,7 +36,7 @@ TEST(AudioManagerLife, WarnsOfAServiceThatRefusesTheBroadcasterAndGoesOn) {
         LogCatcher log;
         const sp<AudioService> service = new AudioService;
         service->addStatus = status;
-        const sp<OpenAudioStub> stub = keptStub(service);
+        const sp<BnAppleUSBAudioManager> stub = keptStub(service);
         const Lines trace = traced(kAudioTag, kAudioUnit, "BnAppleUSBAudioManager");
         EXPECT_THAT(log.lines(), are({trace[0], warning("addNotifier error."), trace[1]}));
         const RemoteAudioClient client{};
@@ -55,14 +55,14 @@ TEST(AudioManagerLife, HandsTheServiceTheRegistryOnce) {
 
 TEST(AudioManagerLife, LetsStubAndRegistryHoldEachOtherAndTheService) {
     const sp<AudioService> service = new AudioService;
-    const sp<OpenAudioStub> stub = keptStub(service);
+    const sp<BnAppleUSBAudioManager> stub = keptStub(service);
     EXPECT_EQ(service->getStrongCount(), 2);
     EXPECT_EQ(stub->getStrongCount(), 3) << "this test's, keptStub()'s and the registry's";
     EXPECT_EQ(service->broadcasters.at(0)->getStrongCount(), 2) << "the service's and the stub's";
 }
 
 TEST(AudioManagerLife, TurnsABinderIntoTheInterface) {
-    const sp<OpenAudioStub> stub = keptStub(new AudioService);
+    const sp<BnAppleUSBAudioManager> stub = keptStub(new AudioService);
     const sp<FakeRemote> remote = new FakeRemote;
     EXPECT_EQ(IAppleUSBAudioManager::asInterface(nullptr), nullptr);
     EXPECT_EQ(IAppleUSBAudioManager::asInterface(stub).get(), stub.get());
@@ -72,7 +72,7 @@ TEST(AudioManagerLife, TurnsABinderIntoTheInterface) {
 }
 
 TEST(AudioManagerLife, AnswersToItsWholeNameOnly) {
-    const sp<OpenAudioStub> stub = keptStub(new AudioService);
+    const sp<BnAppleUSBAudioManager> stub = keptStub(new AudioService);
     const String16 name("accessory.AppleUSBAudioManager");
     EXPECT_EQ(stub->queryLocalInterface(name).get(), static_cast<IInterface*>(stub.get()));
     EXPECT_EQ(stub->queryLocalInterface(String16("accessory.AppleUSBAudioManage")), nullptr);

@@ -223,9 +223,9 @@ TEST_F(ManagerStub, DeregistersTheCaller) {
 }
 
 /// A service that answers in the stub itself.
-class OwnAnswers : public OpenAudioStub {
+class OwnAnswers : public BnAppleUSBAudioManager {
   public:
-    using OpenAudioStub::OpenAudioStub;
+    using BnAppleUSBAudioManager::BnAppleUSBAudioManager;
     int startup() override { return 31; }
     int setNotifier(const sp<IAppleUSBAudioManagerNotifier>&) override { return 32; }
     int clearNotifier() override { return 33; }

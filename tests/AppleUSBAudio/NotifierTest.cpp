@@ -70,7 +70,7 @@ class AudioNotifierStub : public testing::Test {
     }
 
     const sp<AudioListener> listener{new AudioListener};
-    const sp<OpenAudioNotifierStub> stub{new OpenAudioNotifierStub(listener)};
+    const sp<BnAppleUSBAudioManagerNotifier> stub{new BnAppleUSBAudioManagerNotifier(listener)};
     LogCatcher log;
 };
 
@@ -126,9 +126,9 @@ TEST_F(AudioNotifierStub, ReadsZeroForAnIdentifierThatIsCut) {
 }
 
 /// A client that answers in the stub itself.
-class OwnAttach : public OpenAudioNotifierStub {
+class OwnAttach : public BnAppleUSBAudioManagerNotifier {
   public:
-    using OpenAudioNotifierStub::OpenAudioNotifierStub;
+    using BnAppleUSBAudioManagerNotifier::BnAppleUSBAudioManagerNotifier;
     int attach(unsigned int accessoryId) override { return static_cast<int>(accessoryId) + 1; }
 };
 
@@ -149,7 +149,7 @@ TEST_F(AudioNotifierStub, ForwardsDirectCalls) {
 /// Ends the process with 0 when an event is handled, without the caller's line, on a thread without a state.
 [[noreturn]] void attachWithoutAThreadState() {
     const sp<AudioListener> listener = new AudioListener;
-    const sp<OpenAudioNotifierStub> stub = new OpenAudioNotifierStub(listener);
+    const sp<BnAppleUSBAudioManagerNotifier> stub = new BnAppleUSBAudioManagerNotifier(listener);
     listener->answer = 5;
     android::IPCThreadState::shutdown();
     android::Parcel data;

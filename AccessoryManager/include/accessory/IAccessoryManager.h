@@ -70,7 +70,10 @@ class ACCESSORY_EXPORT AccessoryManagerImplItf : public virtual android::RefBase
 };
 
 /// The element type of a list that every stub has and none fills: this interface offers no registration.
-class ACCESSORY_EXPORT AccessoryManagerNotifierDeathRecipient : public android::IBinder::DeathRecipient {};
+class ACCESSORY_EXPORT AccessoryManagerNotifierDeathRecipient : public android::IBinder::DeathRecipient {
+  public:
+    ~AccessoryManagerNotifierDeathRecipient() override;
+};
 
 /// The service's side: takes requests apart and hands them to the implementation.
 class ACCESSORY_EXPORT BnAccessoryManager : public android::BnInterface<IAccessoryManager> {
@@ -89,7 +92,8 @@ class ACCESSORY_EXPORT BnAccessoryManager : public android::BnInterface<IAccesso
     /// implementation's dump to @p fd, which stays the caller's. @return 0, whatever happened.
     android::status_t dump(int fd, const android::Vector<android::String16>& args) override;
 
-  protected:
+    /// What the runtime calls for a request: takes it apart, calls the operation, writes the answer.
+    /// @return what the caller's transact() returns.
     android::status_t onTransact(uint32_t code, const android::Parcel& data, android::Parcel* reply,
                                  uint32_t flags = 0) override;
 

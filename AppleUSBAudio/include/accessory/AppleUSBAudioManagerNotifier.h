@@ -38,7 +38,8 @@ class ACCESSORY_EXPORT AppleUSBAudioManagerNotifierItf : public virtual android:
 /// One per stub, made by it.
 ///
 /// mLock makes registration, removal, listing and events exclude each other; it is held while clients are
-/// called, so a client must not register or deregister from within an event. No other lock is taken under it.
+/// called, so a client must not register or deregister from within an event. The library takes no
+/// other lock of its own under it.
 /// The register itself is replaced as a whole, so that find() may read it without mLock.
 class ACCESSORY_EXPORT AppleUSBAudioManagerNotifier : public virtual AppleUSBAudioManagerNotifierItf {
   public:

@@ -30,14 +30,15 @@ class ACCESSORY_EXPORT IAppleUSBAudioManager : public android::IInterface {
     virtual int shutdown() = 0;
 
     /// Registers the calling process for all events, until clearNotifier() or its death. A second
-    /// registration changes nothing and succeeds. @return -22 for null.
+    /// registration changes nothing and succeeds. @return -22 for null, from a process without a
+    /// registration.
     virtual int setNotifier(const android::sp<IAppleUSBAudioManagerNotifier>& notifier) = 0;
 
     /// Takes the calling process's registration back. @return 0 when there was none, too.
     virtual int clearNotifier() = 0;
 
-    /// Tells which audio endpoints there are. @param ids room for 10 identifiers, the most there are.
-    /// @param count how many were filled in.
+    /// Tells which audio endpoints there are. @param ids room for 10 identifiers, the most there are; an
+    /// implementation must not write an eleventh. @param count how many were filled in; more than 10 are cut.
     virtual int getIds(unsigned int* ids, unsigned int* count) = 0;
 
     /// Sets the volume. What the values mean is between the service and its clients.
@@ -83,8 +84,8 @@ class ACCESSORY_EXPORT BpAppleUSBAudioManager : public android::BpInterface<IApp
     ACCESSORY_HIDDEN int call(const Row& row, const Arguments&... arguments);
 };
 
-/// What a service implements; called on the Binder runtime's threads, several at once. At most 10 identifiers
-/// are reported.
+/// What a service implements; called on the Binder runtime's threads, several at once. The array of
+/// identifiers that it fills in has room for 10.
 class ACCESSORY_EXPORT AppleUSBAudioManagerImplItf : public virtual android::RefBase {
   public:
     ~AppleUSBAudioManagerImplItf() override;
@@ -144,7 +145,8 @@ class ACCESSORY_EXPORT BnAppleUSBAudioManager : public android::BnInterface<IApp
     /// happened.
     android::status_t dump(int fd, const android::Vector<android::String16>& args) override;
 
-  protected:
+    /// What the runtime calls for a request: takes it apart, calls the operation, writes the answer.
+    /// @return what the caller's transact() returns.
     android::status_t onTransact(uint32_t code, const android::Parcel& data, android::Parcel* reply,
                                  uint32_t flags = 0) override;
 

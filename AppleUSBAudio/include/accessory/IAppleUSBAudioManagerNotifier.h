@@ -62,7 +62,8 @@ class ACCESSORY_EXPORT BnAppleUSBAudioManagerNotifier
     int attach(unsigned int accessoryId) override;
     int detach(unsigned int accessoryId) override;
 
-  protected:
+    /// What the runtime calls for a request: takes it apart, calls the operation, writes the answer.
+    /// @return what the caller's transact() returns.
     android::status_t onTransact(uint32_t code, const android::Parcel& data, android::Parcel* reply,
                                  uint32_t flags = 0) override;
 

@@ -17,8 +17,8 @@
 namespace accessory {
 
 /// What a service implements: the operations of IAppleiAP2Manager but for registration, which is the stub's
-/// own. They are called on the Binder runtime's threads, several at once. At most 10 identifiers are
-/// reported; of more, the first 10 are sent. Texts that are returned stay the implementation's, and must live
+/// own. They are called on the Binder runtime's threads, several at once. Arrays of identifiers that
+/// they fill in have room for 10. Texts that are returned stay the implementation's, and must live
 /// until the reply is written: longer than the call.
 class ACCESSORY_EXPORT AppleiAP2ManagerImplItf : public virtual android::RefBase {
   public:

@@ -100,7 +100,8 @@ class ACCESSORY_EXPORT AppleiAP2ManagerNotifierItf : public virtual android::Ref
 /// One per stub, made by it.
 ///
 /// mLock makes registration, removal, listing and events exclude each other; it is held while clients are
-/// called, so a client must not register or deregister from within an event. No other lock is taken under it.
+/// called, so a client must not register or deregister from within an event. The library takes no
+/// other lock of its own under it.
 /// The register itself is replaced as a whole, so that hidComponentUpdate() and find() may read it without
 /// mLock.
 class ACCESSORY_EXPORT AppleiAP2ManagerNotifier : public virtual AppleiAP2ManagerNotifierItf {

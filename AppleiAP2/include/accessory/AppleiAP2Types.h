@@ -97,9 +97,9 @@ static_assert(sizeof(StartCommunicationsUpdatesParam) == 17 &&
 
 /// Argument of InitiateCall(). A receiver's strings live until the operation returns.
 struct InitiateCallParam {
-    int32_t type = 0;                     ///< how the other party is named; the service defines the values
+    int32_t type = 0;                     ///< the service defines the values
     const char* destinationId = nullptr;  ///< may be null
-    int32_t service = 0;                  ///< what to call with; the service defines the values
+    int32_t service = 0;                  ///< the service defines the values
     const char* addressBookId = nullptr;  ///< may be null
 };
 
@@ -132,7 +132,7 @@ struct FileTransferSetup {
 
     /// @}
 
-    void* buffer = nullptr;     ///< null when there are no bytes
+    void* buffer = nullptr;     ///< null when there are no bytes, or no memory for them
     uint32_t bufferLength = 0;  ///< in bytes
     uint32_t value8 = 0;        ///< as the values above
 };

@@ -57,14 +57,15 @@ class ACCESSORY_EXPORT IAppleiAP2Manager : public android::IInterface {
     virtual int setConfigPath(AppleiAP2TransportMode mode, const char* path) = 0;
 
     /// Registers the calling process for all events, until clearNotifier() or its death. A second
-    /// registration changes nothing and succeeds. @return -22 for null.
+    /// registration changes nothing and succeeds. @return -22 for null, from a process without a
+    /// registration.
     virtual int setNotifier(const android::sp<IAppleiAP2ManagerNotifier>& notifier) = 0;
 
     /// Takes the calling process's registration back. @return -1 when there is none.
     virtual int clearNotifier() = 0;
 
-    /// Tells which accessories there are. @param ids room for 10 identifiers, the most there are.
-    /// @param count how many were filled in.
+    /// Tells which accessories there are. @param ids room for 10 identifiers, the most there are; an
+    /// implementation must not write an eleventh. @param count how many were filled in; more than 10 are cut.
     virtual int getAccessoryIds(unsigned int* ids, unsigned int* count) = 0;
 
     /// Asks what the accessory says of a feature. @return through a proxy valid until the same thread's next
@@ -77,8 +78,9 @@ class ACCESSORY_EXPORT IAppleiAP2Manager : public android::IInterface {
     /// Stops the accessory's session.
     virtual int stop(unsigned int accId) = 0;
 
-    /// Tells how many applications there are, in @p count. Through a proxy @p appIds stays as it was: the
-    /// identifiers come with events. An implementation fills in at most 10 strings, which stay its own.
+    /// Tells how many applications there are, in @p count, of which more than 10 are cut. Through a proxy
+    /// @p appIds stays as it was, for the identifiers come with events; its entries are logged, so each must
+    /// be null or a text. An implementation has room for 10 strings, which stay its own, and no more.
     virtual int getAPPIds(unsigned int accId, const char** appIds, unsigned int* count) = 0;
 
     /// Launches an application on the device.
@@ -318,7 +320,7 @@ class ACCESSORY_EXPORT IAppleiAP2Manager : public android::IInterface {
     virtual int setProperty(AppleiAP2TransportMode mode, const std::string& key,
                             const std::string& value) = 0;
 
-    /// @return the service's version; as getSupportFeature() for how long.
+    /// @return the service's version, null when it has none; as getSupportFeature() for how long.
     virtual const char* getVersion() = 0;
 
     /// Tells the device which digital car keys there are.
@@ -562,7 +564,8 @@ class ACCESSORY_EXPORT BnAppleiAP2Manager : public android::BnInterface<IAppleiA
     /// happened.
     android::status_t dump(int fd, const android::Vector<android::String16>& args) override;
 
-  protected:
+    /// What the runtime calls for a request: takes it apart, calls the operation, writes the answer.
+    /// @return what the caller's transact() returns.
     android::status_t onTransact(uint32_t code, const android::Parcel& data, android::Parcel* reply,
                                  uint32_t flags = 0) override;
 

@@ -60,7 +60,8 @@ class ACCESSORY_EXPORT IAppleiAP2ManagerNotifier : public android::IInterface {
     ///
     /// The proxy does not send @p component and the stub reads one, so between a proxy and a stub of this
     /// library the receiver gets the report's length as component, the report's first four bytes as length,
-    /// and the rest as report, in a buffer of 1024 bytes. A length beyond it arrives as 1024.
+    /// and the rest as report, in a buffer of 1024 bytes. Of a length that the buffer does not hold no
+    /// bytes arrive, and the nearest that it does: 0 or 1024.
     virtual int deviceHIDReport(unsigned int accId, int component, void* report, int length) = 0;
 
     /// A HID component has been enabled or disabled.
@@ -76,14 +77,15 @@ class ACCESSORY_EXPORT IAppleiAP2ManagerNotifier : public android::IInterface {
     virtual int mediaLibInfoUpdate(unsigned int accId, const char* name, const char* uid,
                                    MediaLibType type) = 0;
 
-    /// Content of the media library. May be null at the receiver when there was no memory.
+    /// Content of the media library. Null arrives as an empty record, within one process as null.
     virtual int mediaLibUpdateDataReady(unsigned int accId, android::sp<iAP2MediaLibData> data) = 0;
 
-    /// What is playing has changed. Either record may be null at the receiver when there was no memory.
+    /// What is playing has changed. Either record may be null, which arrives as for
+    /// mediaLibUpdateDataReady().
     virtual int nowPlayingUpdate(unsigned int accId, const android::sp<iAP2ItemAttribute>& attribute,
                                  const android::sp<iAP2MediaPlayback>& playback) = 0;
 
-    /// The device's power state has changed. May be null at the receiver when there was no memory.
+    /// The device's power state has changed. Null arrives as for mediaLibUpdateDataReady().
     virtual int powerUpdate(unsigned int accId, const android::sp<iAP2PowerUpdate>& power) = 0;
 
     /// USB device-mode audio has told about itself.
@@ -143,9 +145,9 @@ class ACCESSORY_EXPORT IAppleiAP2ManagerNotifier : public android::IInterface {
     /// Lane guidance for a point of the route is known.
     virtual int LaneGuidanceInformation(unsigned int accId, const android::sp<LaneGuidanceInfo>& info) = 0;
 
-    /// The applications of the device have been discovered. The lists belong to the caller and may be null;
-    /// the counts are of elements. An element with a length and no buffer makes the receiver misread what
-    /// follows.
+    /// The applications of the device have been discovered. The lists belong to the caller and may be null,
+    /// whatever their counts, which are of elements. An element with a length and no buffer makes the
+    /// receiver misread what follows.
     virtual int AppDiscoveryUpdate(unsigned int accId, unsigned int first, AppleAppList* list1,
                                    unsigned short count1, unsigned int second, AppleAppList* list2,
                                    unsigned short count2) = 0;
@@ -381,7 +383,8 @@ class ACCESSORY_EXPORT BnAppleiAP2ManagerNotifier : public android::BnInterface<
     int AssistiveTouchInformation(unsigned int accId, bool enabled) override;
     int CarPlayMatchedDigitalCarKeys(unsigned int accId, std::vector<std::string>& keys) override;
 
-  protected:
+    /// What the runtime calls for a request: takes it apart, calls the operation, writes the answer.
+    /// @return what the caller's transact() returns.
     android::status_t onTransact(uint32_t code, const android::Parcel& data, android::Parcel* reply,
                                  uint32_t flags = 0) override;
 

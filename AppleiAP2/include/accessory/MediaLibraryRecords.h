@@ -23,27 +23,8 @@ class Parcel;
 
 namespace accessory {
 
-class EntryMemory;
-
-/// Base of what library updates bring by the thousand: those of one update lie together in memory. Whoever
-/// makes or releases a single one need not know.
-class ACCESSORY_EXPORT BroughtInNumbers {
-  public:
-    /// @name Allocation
-    /// @{
-
-    /// Takes and gives back the memory of one entry: of its own, or within @p memory, which the reader of an
-    /// update has.
-    static void* operator new(size_t bytes);
-    static void operator delete(void* entry);
-    static void* operator new(size_t bytes, EntryMemory& memory);
-    static void operator delete(void* entry, EntryMemory& memory);
-
-    /// @}
-};
-
 /// Which fields a media item has, or a client asks for. Bit 20 belongs to no field.
-class ACCESSORY_EXPORT MediaItemMask : public virtual android::RefBase, public BroughtInNumbers {
+class ACCESSORY_EXPORT MediaItemMask : public virtual android::RefBase {
   public:
     /// Each is the presence of the field whose getter has its name.
     enum Bit : uint32_t {
@@ -174,13 +155,13 @@ class ACCESSORY_EXPORT iAP2MediaItem : public iAP2MediaLibGroupData {
 };
 
 /// A media item that can be built and sent.
-class ACCESSORY_EXPORT IiAP2MediaItem : public iAP2MediaItem, public BroughtInNumbers {
+class ACCESSORY_EXPORT IiAP2MediaItem : public iAP2MediaItem {
   public:
     using Mask = MediaItemMask;  ///< names the bits
 
     IiAP2MediaItem();
-    /// An item of an update that is being read; its mask lies in @p memory too.
-    explicit IiAP2MediaItem(EntryMemory& memory);
+    /// @param mask not null; the item's own from now on.
+    explicit IiAP2MediaItem(android::sp<MediaItemMask> mask);
     ~IiAP2MediaItem() override;
 
     /// The record at the position of @p parcel, which must outlive the strings. What the parcel lacks is 0 or

@@ -16,13 +16,6 @@
 
 namespace accessory::test {
 
-/// A stub whose dispatch a test may call, as the runtime does.
-class OpenManager : public BnAppleiAP2Manager {
-  public:
-    using BnAppleiAP2Manager::BnAppleiAP2Manager;
-    using BnAppleiAP2Manager::onTransact;
-};
-
 using testkit::kept;
 
 /// How a request ended.
@@ -39,7 +32,7 @@ inline Answer stopped(android::status_t status) { return {status, i32(0)}; }
 inline Answer answered(int32_t result, const Bytes& values = {}) { return {0, replied(result, values)}; }
 
 /// Hands @p stub a request of those bytes, with flags 0.
-Answer ask(OpenManager& stub, uint32_t code, const Bytes& bytes);
+Answer ask(BnAppleiAP2Manager& stub, uint32_t code, const Bytes& bytes);
 
 /// A line under kTag, as a pattern for Logged().
 struct ExpectedLine {
@@ -67,7 +60,7 @@ class ManagerStubFixture : public testing::Test {
     std::string toldOf(uint32_t code, const Bytes& arguments);
 
     const android::sp<ManagerRecorder> recorder{new ManagerRecorder};
-    const android::sp<OpenManager> stub{kept(new OpenManager(recorder))};
+    const android::sp<BnAppleiAP2Manager> stub{kept(new BnAppleiAP2Manager(recorder))};
     LogCatcher log;
     Answer last{};  ///< of toldOf()
 };

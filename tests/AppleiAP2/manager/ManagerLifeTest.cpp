@@ -31,16 +31,16 @@ TEST(ManagerLife, TracesTheProxysBeginAndEnd) {
 TEST(ManagerLife, TracesTheStubsBegin) {
     const sp<ManagerRecorder> recorder = new ManagerRecorder;
     const LogCatcher log;
-    kept(new OpenManager(recorder));
+    kept(new BnAppleiAP2Manager(recorder));
     EXPECT_THAT(log.lines(), areLines(traceOf("BnAppleiAP2Manager")));
 }
 
 /// Destroys a stub in spite of the references to it, shows the lines of that and ends the process.
 [[noreturn]] void destroyAStub() {
     const sp<ManagerRecorder> recorder = new ManagerRecorder;
-    OpenManager* stub = kept(new OpenManager(recorder)).get();
+    BnAppleiAP2Manager* stub = kept(new BnAppleiAP2Manager(recorder)).get();
     const LogCatcher log;
-    stub->~OpenManager();
+    stub->~BnAppleiAP2Manager();
     for (const LogLine& line : log.linesWith(kTag))
         std::fprintf(stderr, "%d %s\n", line.priority, line.text.c_str());
     _exit(0);
@@ -70,14 +70,14 @@ TEST(ManagerLife, LetsTheProxyHoldItsRemote) {
 
 TEST(ManagerLife, KeepsAStubOnceItIsMade) {
     const sp<ManagerRecorder> recorder = new ManagerRecorder;
-    sp<OpenManager> stub = kept(new OpenManager(recorder));
+    sp<BnAppleiAP2Manager> stub = kept(new BnAppleiAP2Manager(recorder));
     EXPECT_GE(stub->getStrongCount(), 3) << "the test's two and the register's";
     EXPECT_GE(recorder->getStrongCount(), 2) << "the test's and the stub's";
     EXPECT_NE(recorder->broadcaster, nullptr);
 }
 
 TEST(ManagerLife, TurnsABinderIntoTheInterface) {
-    const sp<OpenManager> stub = kept(new OpenManager(new ManagerRecorder));
+    const sp<BnAppleiAP2Manager> stub = kept(new BnAppleiAP2Manager(new ManagerRecorder));
     const sp<FakeRemote> remote = new FakeRemote;
     EXPECT_EQ(IAppleiAP2Manager::asInterface(nullptr), nullptr);
     EXPECT_EQ(IAppleiAP2Manager::asInterface(stub).get(), stub.get());
@@ -87,7 +87,7 @@ TEST(ManagerLife, TurnsABinderIntoTheInterface) {
 }
 
 TEST(ManagerLife, AnswersToItsWholeNameOnly) {
-    const sp<OpenManager> stub = kept(new OpenManager(new ManagerRecorder));
+    const sp<BnAppleiAP2Manager> stub = kept(new BnAppleiAP2Manager(new ManagerRecorder));
     const android::String16 name("accessory.AppleiAP2Manager");
     EXPECT_EQ(stub->queryLocalInterface(name).get(), static_cast<android::IInterface*>(stub.get()));
     EXPECT_EQ(stub->queryLocalInterface(android::String16("accessory.AppleiAP2Manage")), nullptr);
@@ -118,7 +118,7 @@ class ReferenceCounter : public ManagerRecorder {
 
 TEST(ManagerLife, ReleasesTheRecordsOfARequestWithIt) {
     const sp<ReferenceCounter> counter = new ReferenceCounter;
-    const sp<OpenManager> stub = kept(new OpenManager(counter));
+    const sp<BnAppleiAP2Manager> stub = kept(new BnAppleiAP2Manager(counter));
     EXPECT_EQ(ask(*stub, 21, managerRequest(i32(7))), answered(0));
     EXPECT_GE(counter->count, 1);
     EXPECT_EQ(counter->record.promote(), nullptr);

@@ -83,7 +83,7 @@ TEST_F(ManagerStub, HandsOnTheVeryPointersAndReferencesThatItsOperationsAreGiven
         std::vector<const void*> seen;
     };
     const sp<Keeper> keeper = new Keeper;
-    const sp<OpenManager> own = kept(new OpenManager(keeper));
+    const sp<BnAppleiAP2Manager> own = kept(new BnAppleiAP2Manager(keeper));
     unsigned int count = 0;
     unsigned int ids[10] = {};
     EXPECT_EQ(own->getAccessoryIds(ids, &count), 1);
@@ -134,9 +134,9 @@ TEST_F(ManagerStub, LogsEveryWordOfAReplyThatCannotBeWrittenAndReturnsZero) {
 }
 
 /// Answers some operations itself.
-class OwnManager : public OpenManager {
+class OwnManager : public BnAppleiAP2Manager {
   public:
-    using OpenManager::OpenManager;
+    using BnAppleiAP2Manager::BnAppleiAP2Manager;
     int setName(const char* name) override { return name[0]; }
     int clearNotifier() override { return 55; }
     int startHID(unsigned int accId) override { return static_cast<int>(accId + 1); }
@@ -151,7 +151,7 @@ class OwnManager : public OpenManager {
 };
 
 TEST_F(ManagerStub, CallsItsOwnOperationsSoThatAServiceMayOverrideThem) {
-    const sp<OpenManager> own = kept(new OwnManager(recorder));
+    const sp<BnAppleiAP2Manager> own = kept(new OwnManager(recorder));
     const auto asked = [&](uint32_t code, const Bytes& arguments) {
         return ask(*own, code, managerRequest(arguments));
     };

@@ -61,6 +61,23 @@ TEST_F(Replies, FillInTenAccessoryIdentifiersAtMost) {
     }
 }
 
+TEST_F(Replies, HaveTheirResultBehindSurplusAccessoryIdentifiers) {
+    auto room = untouchedRoom();
+    unsigned int count = 99;
+    remote->answer = replied(6, parcel({i32(14), wordsUpTo(14)}));
+    EXPECT_EQ(proxy->getAccessoryIds(room.data(), &count), 6);
+    EXPECT_EQ(count, 10u);
+}
+
+TEST_F(Replies, EndWhereAccessoryIdentifiersAreCutWithinAWord) {
+    auto room = untouchedRoom();
+    unsigned int count = 99;
+    remote->answer = parcel({i32(0), i32(-1), wordsUpTo(12), Bytes{0x01, 0x02}});
+    EXPECT_EQ(proxy->getAccessoryIds(room.data(), &count), 0);
+    EXPECT_EQ(count, 10u);
+    EXPECT_LT(log.lines().size(), 5u);
+}
+
 TEST_F(Replies, WithoutAccessoriesSetTheCountToZero) {
     for (const Bytes& answer : {replied(6, i32(0)), Bytes{}}) {
         remote->answer = answer;
@@ -113,6 +130,35 @@ TEST_F(AppIdentifiers, AreTenAtMost) {
         EXPECT_EQ(log.lines().size(), 10u) << tooMany;
         EXPECT_THAT(log.lines().back(), Logged(ANDROID_LOG_DEBUG, kTag, "getAPPIds get appIds r9"));
     }
+}
+
+TEST_F(AppIdentifiers, BeyondTenAreReadSoThatTheResultIsFoundBehindThem) {
+    Bytes texts;
+    for (int i = 0; i < 12; ++i)
+        texts = parcel({texts, cstr("app")});
+    remote->answer = replied(6, parcel({i32(12), texts}));
+    EXPECT_EQ(get(), 6);
+    EXPECT_EQ(count, 10u);
+}
+
+TEST_F(AppIdentifiers, EndAtAStringThatDoesNot) {
+    Bytes texts;
+    for (int i = 0; i < 10; ++i)
+        texts = parcel({texts, cstr("app")});
+    remote->answer = parcel({i32(0), i32(-1), texts, Bytes{'e', 'n', 'd', 'l'}});
+    log.clear();
+    get();
+    EXPECT_EQ(count, 10u);
+    EXPECT_LT(log.lines().size(), 15u);
+}
+
+TEST_F(AppIdentifiers, AreLoggedAsNullWhereTheCallerHasNone) {
+    remote->answer = replied(6, parcel({i32(1), cstr("app.one")}));
+    room[0] = nullptr;
+    EXPECT_EQ(get(), 6);
+    EXPECT_EQ(proxy->getAPPIds(7, nullptr, &count), 6);
+    EXPECT_THAT(log.lines(), areLines({{ANDROID_LOG_DEBUG, "getAPPIds get appIds (null)"},
+                                       {ANDROID_LOG_DEBUG, "getAPPIds get appIds (null)"}}));
 }
 
 TEST_F(AppIdentifiers, AreNoneOfADeadService) {

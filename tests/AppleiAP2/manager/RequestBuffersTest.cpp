@@ -12,7 +12,7 @@ constexpr android::status_t kBadValue = -22;
 constexpr int64_t kMebibyte = 1 << 20;
 
 /// Expects that each of @p counts ends the request, @p before in front of it, with -22 and that check.
-void expectRefused(OpenManager& stub, ManagerRecorder& recorder, uint32_t code, const Bytes& before,
+void expectRefused(BnAppleiAP2Manager& stub, ManagerRecorder& recorder, uint32_t code, const Bytes& before,
                    std::initializer_list<int64_t> counts, const char* condition) {
     for (const int64_t count : counts) {
         LogCatcher log;
@@ -75,7 +75,7 @@ TEST(ImpossibleLength, OfAnAddressIsNotTestedAndGivesNull) {
     for (const int64_t length : {int64_t{0xffffffff}, int64_t{INT32_MAX}, kMebibyte + 1}) {
         const android::sp<ManagerRecorder> recorder = new ManagerRecorder;
         recorder->answer = 5;
-        const android::sp<OpenManager> stub = kept(new OpenManager(recorder));
+        const android::sp<BnAppleiAP2Manager> stub = kept(new BnAppleiAP2Manager(recorder));
         LogCatcher log;
         EXPECT_EQ(ask(*stub, 6, managerRequest(parcel({i32(length), i64(1)}))), answered(5));
         EXPECT_THAT(recorder->takeTold(),
@@ -92,7 +92,7 @@ class ImpossibleCount : public testing::Test {
     }
 
     const android::sp<ManagerRecorder> recorder{new ManagerRecorder};
-    const android::sp<OpenManager> stub{kept(new OpenManager(recorder))};
+    const android::sp<BnAppleiAP2Manager> stub{kept(new BnAppleiAP2Manager(recorder))};
 };
 
 TEST_F(ImpossibleCount, RefusesALocation) {

@@ -110,7 +110,7 @@ TEST(NotifierReferences, AreFreshForALibraryUpdate) {
 
 TEST(NotifierReferences, AreHeldByTheStubWhileItHandsOnALibraryUpdateThatArrived) {
     const sp<ReferenceKeeper> keeper = new ReferenceKeeper;
-    const sp<OpenStub> stub = new OpenStub(keeper);
+    const sp<BnAppleiAP2ManagerNotifier> stub = new BnAppleiAP2ManagerNotifier(keeper);
     EXPECT_EQ(ask(*stub, 14, request(parcel({i32(7), i32(0), i32(0)}))), answered(0));
     EXPECT_GE(keeper->count, 3) << "the dispatcher's, the operation's and the implementation's";
 }
@@ -143,7 +143,7 @@ constexpr char kInOnTransact[] =
     "\\(uint32_t, const android::Parcel ?&, android::Parcel ?\\*, uint32_t\\): Assertion";
 
 void pair(const Bytes& behindTheAccessory) {
-    const sp<OpenStub> stub = new OpenStub(new Recorder);
+    const sp<BnAppleiAP2ManagerNotifier> stub = new BnAppleiAP2ManagerNotifier(new Recorder);
     ask(*stub, 30, request(parcel({i32(7), behindTheAccessory})));
 }
 

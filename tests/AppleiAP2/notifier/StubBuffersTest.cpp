@@ -37,7 +37,7 @@ class HidReport : public StubBuffers {
     }
 
     const sp<ReportReader> reader{new ReportReader};
-    const sp<OpenStub> readers{new OpenStub(reader)};
+    const sp<BnAppleiAP2ManagerNotifier> readers{new BnAppleiAP2ManagerNotifier(reader)};
 };
 
 TEST_F(HidReport, ArrivesWithItsLengthAsComponentAndItsFirstBytesAsLength) {

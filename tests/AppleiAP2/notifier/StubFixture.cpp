@@ -14,7 +14,7 @@ void PrintTo(const Answer& answer, std::ostream* out) {
     *out << "status " << answer.status << ", reply " << testing::PrintToString(answer.reply);
 }
 
-Answer ask(OpenStub& stub, uint32_t code, const Bytes& bytes) {
+Answer ask(BnAppleiAP2ManagerNotifier& stub, uint32_t code, const Bytes& bytes) {
     android::Parcel data;
     android::Parcel reply;
     fill(&data, bytes);

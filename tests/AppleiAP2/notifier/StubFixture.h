@@ -13,13 +13,6 @@
 
 namespace accessory::test {
 
-/// A stub whose dispatch a test may call, as the runtime does.
-class OpenStub : public BnAppleiAP2ManagerNotifier {
-  public:
-    using BnAppleiAP2ManagerNotifier::BnAppleiAP2ManagerNotifier;
-    using BnAppleiAP2ManagerNotifier::onTransact;
-};
-
 /// How a request ended.
 struct Answer {
     android::status_t status;
@@ -34,7 +27,7 @@ inline Answer refused(android::status_t status) { return {status, {}}; }
 inline Answer answered(int32_t result) { return {0, i32(result)}; }
 
 /// Hands @p stub a request of those bytes, with flags 0.
-Answer ask(OpenStub& stub, uint32_t code, const Bytes& bytes);
+Answer ask(BnAppleiAP2ManagerNotifier& stub, uint32_t code, const Bytes& bytes);
 
 /// Matches exactly these lines, in order.
 testing::Matcher<const std::vector<LogLine>&> areLines(const ExpectedLines& lines);
@@ -47,7 +40,7 @@ class StubFixture : public testing::Test {
     std::string toldOf(uint32_t code, const Bytes& arguments);
 
     const android::sp<Recorder> recorder{new Recorder};
-    const android::sp<OpenStub> stub{new OpenStub(recorder)};
+    const android::sp<BnAppleiAP2ManagerNotifier> stub{new BnAppleiAP2ManagerNotifier(recorder)};
     LogCatcher log;
     Answer last{};  ///< of toldOf()
 };

@@ -92,9 +92,9 @@ TEST_F(NotifierStub, LogsAResultThatCannotBeWrittenAndReturnsZero) {
 }
 
 TEST_F(NotifierStub, CallsItsOwnOperationsSoThatAClientMayOverrideThem) {
-    class Own : public OpenStub {
+    class Own : public BnAppleiAP2ManagerNotifier {
       public:
-        using OpenStub::OpenStub;
+        using BnAppleiAP2ManagerNotifier::BnAppleiAP2ManagerNotifier;
         int notify(unsigned int accId, unsigned int event) override {
             return static_cast<int>(accId + event);
         }

@@ -39,7 +39,7 @@ class Tamperer : public Recorder {
 };
 
 TEST(Tampering, LeavesTheStubsBuffersAlone) {
-    const sp<OpenStub> stub = new OpenStub(new Tamperer);
+    const sp<BnAppleiAP2ManagerNotifier> stub = new BnAppleiAP2ManagerNotifier(new Tamperer);
     const Bytes element = parcel({i32(2), cstr("a"), cstr("b"), i32(3), i32(4), i32(5)});
     EXPECT_EQ(ask(*stub, 23, request(parcel({i32(7), repeated(8, i32(1)), i32(4), i32(5)}))), answered(1));
     EXPECT_EQ(ask(*stub, 36, request(parcel({i32(7), i32(1), i32(2), i32(1), element, element, i32(2)}))),

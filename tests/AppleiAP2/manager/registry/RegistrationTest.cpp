@@ -65,8 +65,14 @@ TEST_F(Registration, RefusesANullNotifierAndLeavesTheRegistryAlone) {
     EXPECT_THAT(logged(), are({in(kManagerUnit, "setNotifier"), check("setNotifier", "notifier.get()"),
                                out(kManagerUnit, "setNotifier")}));
     EXPECT_EQ(listing(), "notifier size[0]\n");
+}
+
+TEST_F(Registration, AnswersNullLikeAnySecondNotifier) {
     EXPECT_EQ(stub->setNotifier(client.notifier), 0);
-    EXPECT_EQ(stub->setNotifier(nullptr), -22);
+    log.clear();
+    EXPECT_EQ(stub->setNotifier(nullptr), 0);
+    EXPECT_THAT(logged(), are({in(kManagerUnit, "setNotifier"), lookedUp(1, "0", own), alreadyAdded(own),
+                               out(kManagerUnit, "setNotifier")}));
     EXPECT_EQ(registry->find(own), client.notifier);
 }
 
