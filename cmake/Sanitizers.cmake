@@ -1,7 +1,8 @@
 # accessory_sanitizers: the sanitizers chosen with ACCESSORY_SANITIZE, applied to everything built here.
 add_library(accessory_sanitizers INTERFACE)
 if(ACCESSORY_SANITIZE)
-  add_compile_options(-g -O1) # for the folder, so that the tests may say otherwise
+  # Lines are what reports need. For the folder, so that the tests may say otherwise.
+  add_compile_options(-g1 -O1)
   target_compile_options(accessory_sanitizers INTERFACE
     -fsanitize=${ACCESSORY_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(accessory_sanitizers INTERFACE -fsanitize=${ACCESSORY_SANITIZE})
