@@ -7,11 +7,13 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdlib>
 #include <cstring>
 #include <ctime>
 #include <filesystem>
 #include <fstream>
+#include <vector>
 
 #include "tests/tools/Program.h"
 #include "tests/tools/Services.h"
@@ -174,6 +176,46 @@ TEST_F(Doctor, FindsServicesThatDoNotAnswer) {
               "process " + pid + ": accessory.AccessoryManager did not answer within 0.2 s");
     EXPECT_EQ(check(ran, "service accessory.AccessoryManager")["try"], "kill " + pid);
     services.process.kill(SIGCONT);
+}
+
+/// A listener with more callers than it lets in at a time; nobody learns which process it is.
+class CrowdedDoor {
+  public:
+    explicit CrowdedDoor(const std::string& path) {
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        strncpy(address.sun_path, path.c_str(), sizeof(address.sun_path) - 1);
+        const auto* const where = reinterpret_cast<sockaddr*>(&address);
+        mOpen.push_back(socket(AF_UNIX, SOCK_STREAM, 0));
+        EXPECT_EQ(bind(mOpen[0], where, sizeof(address)), 0);
+        EXPECT_EQ(listen(mOpen[0], 0), 0);
+        do {
+            mOpen.push_back(socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK, 0));
+        } while (connect(mOpen.back(), where, sizeof(address)) == 0);
+        EXPECT_EQ(errno, EAGAIN);
+    }
+    ~CrowdedDoor() {
+        for (const int descriptor : mOpen)
+            close(descriptor);
+    }
+    CrowdedDoor(const CrowdedDoor&) = delete;
+    CrowdedDoor& operator=(const CrowdedDoor&) = delete;
+
+  private:
+    std::vector<int> mOpen;
+};
+
+TEST_F(Doctor, TakesAServiceForAliveThatLetsNobodyIn) {
+    const std::string owner = "0123456789abcdef0123456789abcdef";
+    const CrowdedDoor door(folder + "/" + owner);
+    std::ofstream(folder + "/service-some.service") << owner << " " << owner << "\n";
+    const auto listed = run({"list", "--json"}).objects().at(0);
+    EXPECT_EQ(listed["alive"], true);
+    EXPECT_TRUE(listed["pid"].isNull());
+    const Ran ran = run({"doctor", "--json", "--timeout", "0.2"});
+    EXPECT_EQ(check(ran, "sockets")["finding"], "none is stale");
+    EXPECT_FALSE(check(ran, "service some.service").isMember("try")) << ran.out;
+    EXPECT_TRUE(std::filesystem::exists(folder + "/service-some.service"));
 }
 
 TEST_F(Doctor, FindsALowLimitOfDescriptors) {

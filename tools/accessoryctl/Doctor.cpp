@@ -56,7 +56,9 @@ Check checkService(const Options& options, const ServiceEntry& service) {
     if (!service.isAlive) {
         return {name, Grade::kNote, "its process has ended; the next one that offers it takes its place", ""};
     }
-    const std::string process = "process " + std::to_string(service.owner);
+    const bool isKnown = service.owner != 0;
+    const std::string number = std::to_string(service.owner);
+    const std::string process = isKnown ? "process " + number : "a process that lets nobody in";
     try {
         const android::sp<android::IBinder> binder = reach(options, service.name);
         const auto outcome = transact(options, binder, android::IBinder::PING_TRANSACTION, service.name,
@@ -65,7 +67,7 @@ Check checkService(const Options& options, const ServiceEntry& service) {
         return {name, goodIf(answers), process + (answers ? " answers" : ": " + statusName(outcome->status)),
                 ""};
     } catch (const Failure& failure) {
-        return {name, Grade::kBad, process + ": " + failure.what(), "kill " + std::to_string(service.owner)};
+        return {name, Grade::kBad, process + ": " + failure.what(), isKnown ? "kill " + number : ""};
     }
 }
 
