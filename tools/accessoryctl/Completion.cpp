@@ -166,7 +166,12 @@ constexpr char kBashPart[] = R"sh(_accessoryctl() {
         local at=$((COMP_CWORD - 2))
         [[ $current == = ]] && at=$((COMP_CWORD - 1)) current=
         words=$(_accessoryctl_bits "${COMP_WORDS[2]}=${COMP_WORDS[at]}")
-    elif [[ $previous == *@ || $previous == -o || $previous == --output ]]; then
+    elif [[ $previous == *@ ]]; then
+        # A file; left to the shell, what stands behind '@' would be a host.
+        compopt -o filenames
+        COMPREPLY=($(compgen -f -- "$current"))
+        return
+    elif [[ $previous == -o || $previous == --output ]]; then
         return  # a file
     elif [[ $previous == --where ]]; then
         words=$(_accessoryctl_conditions "${COMP_WORDS[@]:2:COMP_CWORD-3}")
