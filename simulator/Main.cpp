@@ -13,6 +13,7 @@
 #include "simulator/Options.h"
 #include "simulator/scenario/ReadyMade.h"
 #include "simulator/scenario/ScenarioReader.h"
+#include "tools/LogPriority.h"
 
 namespace accessory::simulator {
 namespace {
@@ -51,6 +52,13 @@ int listReadyMade() {
     return kEnded;
 }
 
+int check(const std::string& file) {
+    Scenario scenario;
+    const int status = printProblems(readScenarioFile(file, &scenario));
+    if (status == kEnded) printf("%s is a good scenario.\n", file.c_str());
+    return status;
+}
+
 /// @return an exit status when there is no such scenario, or a broken one.
 std::optional<int> load(const std::string& name, Scenario* scenario) {
     const std::optional<std::string> file = findScenario(name);
@@ -59,7 +67,7 @@ std::optional<int> load(const std::string& name, Scenario* scenario) {
                 "accessory-simulator: there is no scenario '%s'; expected a file, or one of those that "
                 "accessory-simulator --list shows.\n",
                 name.c_str());
-        return kUnusable;
+        return kBadScenario;
     }
     const int status = printProblems(readScenarioFile(*file, scenario));
     return status != kEnded ? std::optional<int>(status) : std::nullopt;
@@ -82,7 +90,8 @@ int explain(android::status_t status, const std::string& name) {
 }
 
 void welcome(const Scenario& scenario, bool unattended) {
-    printf("Scenario \"%s\": %s\n", scenario.name.c_str(), scenario.description.c_str());
+    const char* const separator = scenario.description.empty() ? "" : ": ";
+    printf("Scenario \"%s\"%s%s\n", scenario.name.c_str(), separator, scenario.description.c_str());
     printf(
         "Hosting accessory.AccessoryManager, accessory.AppleiAP2Manager and accessory.AppleUSBAudioManager\n"
         "in %s as process %d.\n",
@@ -137,24 +146,36 @@ int run(const Options& options) {
         case Options::Task::kDescribe:
             fputs(scenarioReference().c_str(), stdout);
             return kEnded;
-        case Options::Task::kCheck: {
-            Scenario scenario;
-            return printProblems(readScenarioFile(options.scenario, &scenario));
-        }
+        case Options::Task::kCheck:
+            return check(options.scenario);
         default:
             return simulate(options);
     }
+}
+
+int gStatus = kEnded;
+
+/// The runtime's threads may be in the middle of a call; nothing is to be torn down under them. Registered
+/// first, this handler comes last: behind the runtime's, which tidies its folder, and in front of whatever
+/// was made before main().
+void leaveTheRestStanding() {
+    fflush(stdout);
+    _exit(gStatus);
+}
+
+int runCommandLine(int argc, char** argv) {
+    Options options;
+    const std::optional<int> status = readOptions(argc, argv, &options);
+    return status ? *status : run(options);
 }
 
 }  // namespace
 }  // namespace accessory::simulator
 
 int main(int argc, char** argv) {
-    accessory::simulator::Options options;
-    if (const std::optional<int> status = accessory::simulator::readOptions(argc, argv, &options))
-        return *status;
-    const int status = accessory::simulator::run(options);
-    fflush(stdout);
-    // The runtime's threads may be in the middle of a call; nothing is to be torn down under them.
-    _exit(status);
+    using namespace accessory::simulator;
+    std::atexit(leaveTheRestStanding);
+    accessory::tools::chooseLogPriority(ANDROID_LOG_INFO);
+    gStatus = runCommandLine(argc, argv);
+    return gStatus;
 }

@@ -18,7 +18,7 @@ constexpr const char* kFooter = R"(Look at it from another terminal:
   accessoryctl dump AppleiAP2Manager notifier
 
 Exit status: 0 ended as asked, 1 nothing could be published, 2 a mistake on the command line,
-3 a mistake in a scenario, 4 another process has one of the names.)";
+3 a mistake in a scenario or no such scenario, 4 another process has one of the names.)";
 
 /// What only readFlags() knows until the line is read.
 struct Flags {

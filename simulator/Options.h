@@ -15,7 +15,7 @@ enum ExitStatus : int {
     kEnded = 0,
     kUnusable = 1,        ///< no runtime directory, no room, no file
     kMisused = 2,         ///< a mistake on the command line
-    kBadScenario = 3,     ///< a mistake in a scenario
+    kBadScenario = 3,     ///< a mistake in a scenario, or there is none of that name
     kAlreadyRunning = 4,  ///< another process has one of the names
 };
 

@@ -26,21 +26,23 @@ const char* HostedInterface::nameOf(uint32_t code) const {
     return "transaction";
 }
 
+// Calls are served until the process ends, so none of these is ever destroyed.
+
 const HostedInterface& accessoryManagerInterface() {
-    static const HostedInterface hosted{"AccessoryManager", "accessory.AccessoryManager",
-                                        operationsOf(wire::accessory_manager::kRows)};
+    static const auto& hosted = *new HostedInterface{"AccessoryManager", "accessory.AccessoryManager",
+                                                     operationsOf(wire::accessory_manager::kRows)};
     return hosted;
 }
 
 const HostedInterface& iAP2ManagerInterface() {
-    static const HostedInterface hosted{"AppleiAP2Manager", "accessory.AppleiAP2Manager",
-                                        operationsOf(wire::iap2_manager::kRows)};
+    static const auto& hosted = *new HostedInterface{"AppleiAP2Manager", "accessory.AppleiAP2Manager",
+                                                     operationsOf(wire::iap2_manager::kRows)};
     return hosted;
 }
 
 const HostedInterface& usbAudioManagerInterface() {
-    static const HostedInterface hosted{"AppleUSBAudioManager", "accessory.AppleUSBAudioManager",
-                                        operationsOf(wire::usb_audio_manager::kRows)};
+    static const auto& hosted = *new HostedInterface{"AppleUSBAudioManager", "accessory.AppleUSBAudioManager",
+                                                     operationsOf(wire::usb_audio_manager::kRows)};
     return hosted;
 }
 

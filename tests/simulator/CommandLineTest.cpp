@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include <fstream>
+#include <sstream>
 
 #include "tests/simulator/SimulatorProcess.h"
 
@@ -47,7 +48,9 @@ TEST(CommandLine, DescribesScenarios) {
 }
 
 TEST(CommandLine, ChecksAScenario) {
-    EXPECT_EQ(run({"--check", QUIET_SCENARIO}).status, 0);
+    const Ended good = run({"--check", QUIET_SCENARIO});
+    EXPECT_EQ(good.status, 0);
+    EXPECT_EQ(good.output, QUIET_SCENARIO " is a good scenario.\n");
     const std::string path = testing::TempDir() + "broken.json";
     std::ofstream(path) << "{\n\"name\": 3\n}";
     const Ended check = run({"--check", path});
@@ -77,9 +80,32 @@ TEST(CommandLine, SaysWhatIsWrongAndWhatToType) {
     }
 }
 
+/// What bash offers for the last of @p words, one a line.
+std::string offered(const std::string& words) {
+    const std::string script = "PATH=$(dirname " SIMULATOR
+                               "):$PATH; compopt() { :; }; source " SIMULATOR_COMPLETION
+                               "/accessory-simulator.bash; COMP_WORDS=(accessory-simulator " +
+                               words +
+                               "); COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); _accessory_simulator; "
+                               "printf '%s\\n' \"${COMPREPLY[@]}\"";
+    SimulatorProcess bash("/bin/bash", {"-c", script});
+    EXPECT_EQ(bash.wait(), 0) << bash.output();
+    return bash.output();
+}
+
+TEST(CommandLine, IsCompletedByTheShell) {
+    EXPECT_EQ(offered("co"), "commute\n");
+    EXPECT_EQ(offered("commute --s"), "--speed\n--seed\n");
+    EXPECT_EQ(offered("--check ''"), "\n");
+    const std::string help = run({"--help"}).output;
+    std::istringstream options(offered("--"));
+    for (std::string option; std::getline(options, option);)
+        EXPECT_THAT(help, HasSubstr(option));
+}
+
 TEST(CommandLine, SaysThatAScenarioIsUnknown) {
     const Ended ended = run({"comute"});
-    EXPECT_EQ(ended.status, 1);
+    EXPECT_EQ(ended.status, 3) << "a service manager would start it again and again";
     EXPECT_THAT(ended.output,
                 HasSubstr("there is no scenario 'comute'; expected a file, or one of those that"));
 }

@@ -5,6 +5,8 @@
 
 #include <csignal>
 #include <cstdlib>
+#include <filesystem>
+#include <fstream>
 
 #include "tests/simulator/SimulatorClient.h"
 
@@ -27,6 +29,39 @@ TEST(Signal, EndsItWhileEventsAreRaised) {
     ASSERT_TRUE(process.says("the end"));
     process.signal(SIGTERM);
     EXPECT_EQ(process.wait(), 0);
+}
+
+/// The sockets in the runtime folder.
+std::vector<std::string> socketsIn(const std::string& folder) {
+    std::vector<std::string> sockets;
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+        if (entry.is_socket()) sockets.push_back(entry.path().filename().string());
+    }
+    return sockets;
+}
+
+TEST(Signal, LeavesNoSocketInTheRuntimeFolder) {
+    std::string folder = testing::TempDir() + "simulator-XXXXXX";
+    ASSERT_NE(mkdtemp(folder.data()), nullptr);
+    const std::string own = getenv("BINDER_RUNTIME_DIR");
+    setenv("BINDER_RUNTIME_DIR", folder.c_str(), 1);
+    SimulatorProcess process({"commute"});
+    setenv("BINDER_RUNTIME_DIR", own.c_str(), 1);
+    ASSERT_TRUE(process.ready());
+    EXPECT_EQ(socketsIn(folder).size(), 1U);
+    process.signal(SIGTERM);
+    EXPECT_EQ(process.wait(), 0);
+    EXPECT_THAT(socketsIn(folder), testing::IsEmpty());
+    std::filesystem::remove_all(folder);
+}
+
+TEST(Welcome, LeavesOutADescriptionThatIsNotThere) {
+    const std::string path = testing::TempDir() + "bare.json";
+    std::ofstream(path) << R"({"name": "bare", "devices": [{"id": 1, "name": "x"}]})";
+    SimulatorProcess process({path});
+    ASSERT_TRUE(process.ready());
+    EXPECT_THAT(process.output(), testing::StartsWith("Scenario \"bare\"\nHosting "));
+    remove(path.c_str());
 }
 
 TEST(Welcome, TellsWhatIsHostedAndHowToLookAtIt) {

@@ -37,7 +37,8 @@ TEST(Call, SendsNullNegativeNumbersAndTruthValues) {
     EXPECT_EQ(toldBy(services, {"AcceptCall", "7", "-3"}), "AcceptCall(7, -3, null)");
     EXPECT_EQ(toldBy(services, {"AcceptCall", "7", "-3", "id"}), R"(AcceptCall(7, -3, "id"))");
     EXPECT_EQ(toldBy(services, {"MuteStatusUpdate", "7", "yes"}), "MuteStatusUpdate(7, true)");
-    EXPECT_EQ(toldBy(services, {"setName", "null"}), R"(setName("null"))");
+    EXPECT_EQ(toldBy(services, {"setName", R"("null")"}), R"(setName("null"))");
+    EXPECT_EQ(toldBy(services, {"AcceptCall", "7", "-3", R"("null")"}), R"(AcceptCall(7, -3, "null"))");
     EXPECT_EQ(toldBy(services, {"setName", ""}), R"(setName(""))");
 }
 
@@ -85,6 +86,20 @@ TEST(Call, TellsOperationsOfOneNameApartByTheirArguments) {
     // The form with masks is only sent: the service takes the first mask for the second text.
     EXPECT_EQ(toldBy(services, {"startMediaLibUpdates", "7", "lib", "id", "0", "0", "x"}),
               "startMediaLibUpdates(7, {\"lib\" \"\x01\" 0 0 120 0 0})");
+}
+
+TEST(Call, CallsTheOneOfSeveralInterfacesThatTheArgumentsFit) {
+    Services services;
+    EXPECT_EQ(toldBy(services, {"startup", "2"}), "startup(2)");
+}
+
+TEST(Call, NamesAResultThatIsTheNumberOfAStatus) {
+    Services services;
+    EXPECT_EQ(run({"call", "getFeature", "4294967258"}).out, "result  -38 (INVALID_OPERATION)\n");
+    EXPECT_EQ(run({"call", "getFeature", "4294967277"}).out, "result  -19 (NO_INIT)\n");
+    EXPECT_EQ(run({"call", "getFeature", "4294966296"}).out, "result  -1000\n");
+    EXPECT_EQ(run({"call", "getFeature", "4294967258", "--json"}).objects().at(0)["reply"],
+              parsed(R"({"result":-38})"));
 }
 
 TEST(Call, ShowsWhatTheReplyHolds) {

@@ -116,6 +116,11 @@ TEST(Completion, WorksInZshFromTheFirstKeyPress) {
     EXPECT_EQ(offeredByZsh(script, {"call", "IAppleiAP2Manager.launchAPP", ""}),
               (Words{"accId=", "appId=", "method="}));
     EXPECT_EQ(offeredByZsh(script, {"watch", "--re"}), (Words{"--reconnect"}));
+    EXPECT_EQ(offeredByZsh(script, {"call", "laun"}), (Words{"launchAPP"}));
+    EXPECT_EQ(offeredByZsh(script, {"watch", "powerUpdate", "--where", "power.chargeL"}),
+              (Words{"power.chargeLevel="}));
+    EXPECT_EQ(offeredByZsh(script, {"call", "startPowerUpdate", "powerMask=chargeL"}),
+              (Words{"powerMask=chargeLevel"}));
 }
 
 TEST(Completion, OffersTheOperationsAndEventsOfTheRows) {
@@ -134,7 +139,42 @@ TEST(Completion, OffersVerbsFieldsAndOptions) {
     EXPECT_EQ(offered(script, {"watch", "--re"}), (Words{"--reconnect"}));
     EXPECT_EQ(offered(script, {"dump", "IAcc"}), (Words{"IAccessoryManager"}));
     EXPECT_EQ(offered(script, {"completion", ""}), (Words{"bash", "zsh"}));
+    EXPECT_EQ(offered(script, {"doctor", "--t"}), (Words{"--tidy", "--timeout"}));
     EXPECT_EQ(offered(script, {"call", "IAppleiAP2Manager.launchAPP", "accId", "=", ""}), Words{});
+}
+
+TEST(Completion, OffersNamesWithoutTheirInterface) {
+    const Script script("bash");
+    EXPECT_EQ(offered(script, {"call", "laun"}), (Words{"launchAPP"}));
+    EXPECT_EQ(offered(script, {"call", "launchAPP", ""}), (Words{"accId=", "appId=", "method="}));
+    EXPECT_EQ(offered(script, {"describe", "laun"}), (Words{"launchAPP"}));
+    EXPECT_EQ(offered(script, {"watch", "nowP"}), (Words{"nowPlayingUpdate"}));
+}
+
+TEST(Completion, OffersTheFieldsOfTheWatchedEvents) {
+    const Script script("bash");
+    EXPECT_EQ(offered(script, {"watch", "attach", "--where", ""}), (Words{"accId=", "accessoryId="}));
+    EXPECT_EQ(offered(script, {"watch", "powerUpdate", "--where", "power.charge"}),
+              (Words{"power.chargeIsPresent=", "power.chargeLevel=", "power.chargeState="}));
+    EXPECT_EQ(offered(script, {"watch", "--where", "power.chargeL"}), (Words{"power.chargeLevel="}));
+}
+
+TEST(Completion, OffersTheBitsOfAMask) {
+    const Script script("bash");
+    const Words charge = {"chargeIsPresent", "chargeLevel", "chargeState"};
+    EXPECT_EQ(offered(script, {"call", "startPowerUpdate", "powerMask", "=", "charge"}), charge);
+    EXPECT_EQ(offered(script, {"call", "IAppleiAP2Manager.startPowerUpdate", "powerMask", "=", "charge"}),
+              charge);
+}
+
+TEST(Completion, LeavesFilesToTheShell) {
+    const Script script("bash");
+    EXPECT_EQ(printedBy("bash", "source " + script.path() + "; complete -p accessoryctl"),
+              (Words{"complete -o default -F _accessoryctl accessoryctl"}));
+    EXPECT_EQ(offered(script, {"decode", "/tm"}), Words{});
+    EXPECT_EQ(offered(script, {"timeline", "-o", "/tm"}), Words{});
+    for (const char* mark : {"@", "=@"})
+        EXPECT_EQ(offered(script, {"call", "setBluetoothAddr", mark, script.path()}), Words{script.path()});
 }
 
 }  // namespace

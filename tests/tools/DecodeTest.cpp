@@ -95,6 +95,8 @@ TEST(Decode, RefusesWhatIsNoCapture) {
     EXPECT_EQ(ran.status, 1);
     EXPECT_EQ(ran.out, "");
     EXPECT_EQ(ran.err, "accessoryctl: " + file.path() + ", byte 0: this is no pcapng file.\n");
+    EXPECT_EQ(run({"decode", "/no/such.pcapng"}).err,
+              "accessoryctl: /no/such.pcapng: No such file or directory.\n");
     EXPECT_EQ(run({"decode", "/no/such/file"}).status, 1);
     EXPECT_EQ(run({"decode"}).status, 2);
     EXPECT_EQ(run({"timeline", file.path()}).status, 1);

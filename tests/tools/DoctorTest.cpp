@@ -1,4 +1,5 @@
 // doctor: what it finds wrong, and what it says to type.
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/socket.h>
@@ -6,9 +7,13 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <ctime>
 #include <filesystem>
+#include <fstream>
+#include <vector>
 
 #include "tests/tools/Program.h"
 #include "tests/tools/Services.h"
@@ -101,20 +106,64 @@ TEST_F(Doctor, FindsAFolderOfAnotherUser) {
     EXPECT_EQ(check(ran, "folder")["finding"], folder + " (BINDER_RUNTIME_DIR) belongs to user 4242");
 }
 
-TEST_F(Doctor, FindsStaleSockets) {
-    leaveSocket(folder + "/0123456789abcdef");
+TEST_F(Doctor, FindsThatTheFolderCannotBeMade) {
+    setenv("BINDER_RUNTIME_DIR", (folder + "/not/there").c_str(), 1);
     const Ran ran = run({"doctor", "--json"});
     EXPECT_EQ(ran.status, 1);
-    EXPECT_EQ(check(ran, "sockets")["finding"], "1 left by processes that died");
-    EXPECT_EQ(check(ran, "sockets")["try"], "rm " + folder + "/0123456789abcdef");
+    EXPECT_EQ(check(ran, "folder")["finding"],
+              folder + "/not/there (BINDER_RUNTIME_DIR) cannot be made: there is no " + folder + "/not");
+    EXPECT_EQ(check(ran, "folder")["try"], "export BINDER_RUNTIME_DIR=$(mktemp -d)");
 }
 
-TEST_F(Doctor, FindsServicesThatDied) {
-    { Services services; }
+TEST_F(Doctor, FindsThatTheSessionHasNoFolder) {
+    unsetenv("BINDER_RUNTIME_DIR");
+    setenv("XDG_RUNTIME_DIR", (folder + "/1000").c_str(), 1);
     const Ran ran = run({"doctor", "--json"});
+    unsetenv("XDG_RUNTIME_DIR");
     EXPECT_EQ(ran.status, 1);
-    EXPECT_EQ(check(ran, "service accessory.AppleiAP2Manager")["finding"],
-              "its process died; start it again");
+    EXPECT_EQ(check(ran, "folder")["finding"],
+              folder + "/1000/binder (XDG_RUNTIME_DIR) cannot be made: there is no " + folder + "/1000");
+}
+
+TEST_F(Doctor, OnlyNotesWhatProcessesThatEndedLeftBehind) {
+    leaveSocket(folder + "/0123456789abcdef");
+    leaveSocket(folder + "/123456789abcdef0");
+    { Services services; }
+    const Ran ran = run({"doctor"});
+    EXPECT_EQ(ran.status, 0);
+    EXPECT_EQ(ran.out.find("BAD"), std::string::npos) << ran.out;
+    EXPECT_NE(ran.out.find("note sockets: 3 left by processes that have ended\n"
+                           "     Type: accessoryctl doctor --tidy\n"),
+              std::string::npos)
+        << ran.out;
+    EXPECT_NE(
+        ran.out.find("note service accessory.AppleiAP2Manager: its process has ended; the next one that "
+                     "offers it takes its place\n"),
+        std::string::npos)
+        << ran.out;
+    const Json::Value note = check(run({"doctor", "--json"}), "sockets");
+    EXPECT_EQ(note["ok"], true);
+    EXPECT_EQ(note["note"], true);
+    EXPECT_EQ(note["try"], "accessoryctl doctor --tidy");
+}
+
+TEST_F(Doctor, TidiesWhatProcessesThatEndedLeftBehind) {
+    const std::string old = folder + "/0123456789abcdef";
+    const std::string fresh = folder + "/123456789abcdef0";
+    leaveSocket(old);
+    leaveSocket(fresh);
+    const timespec minuteAgo[] = {{time(nullptr) - 60, 0}, {time(nullptr) - 60, 0}};
+    ASSERT_EQ(utimensat(AT_FDCWD, old.c_str(), minuteAgo, 0), 0);
+    std::ofstream(folder + "/service-of.the.dead") << "0123456789abcdef 00\n";
+    std::ofstream(folder + "/lock");
+    Services services;
+    const Ran ran = run({"doctor", "--json", "--tidy"});
+    EXPECT_EQ(ran.status, 0);
+    EXPECT_EQ(check(ran, "tidying")["finding"], "2 files of ended processes removed");
+    EXPECT_FALSE(std::filesystem::exists(old));
+    EXPECT_FALSE(std::filesystem::exists(folder + "/service-of.the.dead"));
+    EXPECT_TRUE(std::filesystem::exists(fresh)) << "its process may not have come to listening yet";
+    EXPECT_EQ(check(ran, "service accessory.AppleiAP2Manager")["ok"], true);
 }
 
 TEST_F(Doctor, FindsServicesThatDoNotAnswer) {
@@ -127,6 +176,46 @@ TEST_F(Doctor, FindsServicesThatDoNotAnswer) {
               "process " + pid + ": accessory.AccessoryManager did not answer within 0.2 s");
     EXPECT_EQ(check(ran, "service accessory.AccessoryManager")["try"], "kill " + pid);
     services.process.kill(SIGCONT);
+}
+
+/// A listener with more callers than it lets in at a time; nobody learns which process it is.
+class CrowdedDoor {
+  public:
+    explicit CrowdedDoor(const std::string& path) {
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        strncpy(address.sun_path, path.c_str(), sizeof(address.sun_path) - 1);
+        const auto* const where = reinterpret_cast<sockaddr*>(&address);
+        mOpen.push_back(socket(AF_UNIX, SOCK_STREAM, 0));
+        EXPECT_EQ(bind(mOpen[0], where, sizeof(address)), 0);
+        EXPECT_EQ(listen(mOpen[0], 0), 0);
+        do {
+            mOpen.push_back(socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK, 0));
+        } while (connect(mOpen.back(), where, sizeof(address)) == 0);
+        EXPECT_EQ(errno, EAGAIN);
+    }
+    ~CrowdedDoor() {
+        for (const int descriptor : mOpen)
+            close(descriptor);
+    }
+    CrowdedDoor(const CrowdedDoor&) = delete;
+    CrowdedDoor& operator=(const CrowdedDoor&) = delete;
+
+  private:
+    std::vector<int> mOpen;
+};
+
+TEST_F(Doctor, TakesAServiceForAliveThatLetsNobodyIn) {
+    const std::string owner = "0123456789abcdef0123456789abcdef";
+    const CrowdedDoor door(folder + "/" + owner);
+    std::ofstream(folder + "/service-some.service") << owner << " " << owner << "\n";
+    const auto listed = run({"list", "--json"}).objects().at(0);
+    EXPECT_EQ(listed["alive"], true);
+    EXPECT_TRUE(listed["pid"].isNull());
+    const Ran ran = run({"doctor", "--json", "--timeout", "0.2"});
+    EXPECT_EQ(check(ran, "sockets")["finding"], "none is stale");
+    EXPECT_FALSE(check(ran, "service some.service").isMember("try")) << ran.out;
+    EXPECT_TRUE(std::filesystem::exists(folder + "/service-some.service"));
 }
 
 TEST_F(Doctor, FindsALowLimitOfDescriptors) {

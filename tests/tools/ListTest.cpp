@@ -1,5 +1,8 @@
 // list, wait and dump: finding services, and what they say about themselves.
 #include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <cstdlib>
 
 #include "tests/tools/Program.h"
 #include "tests/tools/Services.h"
@@ -24,8 +27,52 @@ TEST(List, ShowsEveryServiceWithItsProcess) {
     EXPECT_EQ(objects[0], expected);
 }
 
+/// A runtime folder that is another user's.
+class AnothersFolder {
+  public:
+    AnothersFolder() : mPath(testing::TempDir() + "accessoryctl-another-XXXXXX") {
+        EXPECT_NE(mkdtemp(mPath.data()), nullptr);
+        EXPECT_EQ(chown(mPath.c_str(), 4242, 4242), 0);
+        setenv("BINDER_RUNTIME_DIR", mPath.c_str(), 1);
+    }
+    ~AnothersFolder() {
+        setenv("BINDER_RUNTIME_DIR", mFormer.c_str(), 1);
+        rmdir(mPath.c_str());
+    }
+    AnothersFolder(const AnothersFolder&) = delete;
+    AnothersFolder& operator=(const AnothersFolder&) = delete;
+
+    const std::string& path() const { return mPath; }
+
+  private:
+    const std::string mFormer = getenv("BINDER_RUNTIME_DIR");
+    std::string mPath;
+};
+
+TEST(RuntimeFolder, ThatIsAnotherUsersIsNotTakenForAnEmptyOne) {
+    if (geteuid() != 0) GTEST_SKIP() << "only root can give a folder away";
+    const AnothersFolder folder;
+    for (const Words& words : {Words{"list"}, Words{"call", "getVersion"}, Words{"watch"},
+                               Words{"wait", "IAccessoryManager"}, Words{"dump", "IAccessoryManager"}}) {
+        const Ran ran = run(words);
+        EXPECT_EQ(ran.status, 1) << words[0];
+        EXPECT_EQ(ran.out, "") << words[0];
+        EXPECT_NE(ran.err.find("accessoryctl: no service can be found in " + folder.path() +
+                               " (BINDER_RUNTIME_DIR): it belongs to user 4242.\n"
+                               "Type: export BINDER_RUNTIME_DIR=$(mktemp -d)\n"),
+                  std::string::npos)
+            << ran.err;
+    }
+}
+
 TEST(List, ShowsWhichServicesAreDead) {
     { Services services; }
+    const std::string table = run({"list"}).out;
+    EXPECT_NE(table.find("accessory.AccessoryManager      -    no\n"), std::string::npos) << table;
+    EXPECT_NE(
+        table.find("\nno: its process has ended; the next one that offers the service takes its place\n"),
+        std::string::npos)
+        << table;
     const auto objects = run({"list", "--json"}).objects();
     ASSERT_EQ(objects.size(), 3U);
     for (const Json::Value& object : objects) {

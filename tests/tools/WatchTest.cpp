@@ -156,6 +156,11 @@ TEST(Watch, WaitsForAServiceThatIsNotThereYetWhenTold) {
     EXPECT_EQ(watching.expectObject()["event"], "powerUpdate");
 }
 
+TEST(Watch, SaysWhatItWaitsFor) {
+    Program watching({"watch", "attach", "--reconnect"});
+    EXPECT_EQ(watching.expectLine(), "waiting for accessory.AppleiAP2Manager accessory.AppleUSBAudioManager");
+}
+
 TEST(Watch, NamesTheServiceThatIsNotThere) {
     const Ran ran = run({"watch", "powerUpdate"});
     EXPECT_EQ(ran.status, 3);

@@ -9,6 +9,8 @@
 #include <memory>
 #include <thread>
 
+#include "tools/accessoryctl/FolderState.h"
+
 namespace accessory::ctl {
 
 using android::IBinder;
@@ -47,6 +49,7 @@ sp<IBinder> look(const Options& options, const std::string& service) {
 sp<IBinder> reach(const Options& options, const std::string& service) {
     const sp<IBinder> found = look(options, service);
     if (found != nullptr) return found;
+    requireUsableFolder();
     throw noService(service);
 }
 
@@ -76,6 +79,12 @@ std::string statusName(status_t status) {
             return "PERMISSION_DENIED";
         case android::UNKNOWN_ERROR:
             return "UNKNOWN_ERROR";
+        case android::NAME_NOT_FOUND:
+            return "NAME_NOT_FOUND";
+        case android::ALREADY_EXISTS:
+            return "ALREADY_EXISTS";
+        case android::NO_INIT:
+            return "NO_INIT";
         case android::BAD_VALUE:
             return "BAD_VALUE";
         case android::BAD_TYPE:

@@ -1,5 +1,6 @@
 // describe: what the interfaces, their operations and the fields of one are, from the rows.
-#include "tools/accessoryctl/Arguments.h"
+#include "tools/accessoryctl/Examples.h"
+#include "tools/accessoryctl/Targets.h"
 #include "tools/accessoryctl/Text.h"
 #include "tools/accessoryctl/Verbs.h"
 #include "tools/capture/Decode.h"
@@ -109,11 +110,12 @@ int describeInterface(const Options& options, const Interface& interface) {
 
 int describe(const Options& options, const std::string& word) {
     if (word.empty()) return describeAll(options);
-    const Target target = targetOf(word);
-    if (target.operations.empty()) return describeInterface(options, *target.interface);
-    for (const Operation* each : target.operations) {
-        print(options, "operation", operationToJson(*target.interface, *each),
-              operationText(*target.interface, *each));
+    for (const Target& target : targetsOf(word, {"describe", {}})) {
+        if (target.operations.empty()) return describeInterface(options, *target.interface);
+        for (const Operation* each : target.operations) {
+            print(options, "operation", operationToJson(*target.interface, *each),
+                  operationText(*target.interface, *each));
+        }
     }
     return kDone;
 }

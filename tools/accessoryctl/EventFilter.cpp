@@ -53,12 +53,22 @@ std::vector<std::string> cutAtDots(const std::string& path) {
     return parts;
 }
 
-bool hasField(const std::vector<FieldDescription>& fields, const std::vector<std::string>& path, size_t at) {
-    if (at == path.size()) return true;
+/// Null when there is none; the list, for what would be in the entries of a list.
+const FieldDescription* findField(const std::vector<FieldDescription>& fields,
+                                  const std::vector<std::string>& path, size_t at = 0) {
     for (const FieldDescription& field : fields) {
-        if (field.name == path[at]) return field.members.empty() || hasField(field.members, path, at + 1);
+        if (field.name != path[at]) continue;
+        const bool isWhole = at + 1 == path.size() || field.members.empty();
+        return isWhole ? &field : findField(field.members, path, at + 1);
     }
-    return false;
+    return nullptr;
+}
+
+/// Whether such a field can have a value that is typed so. Texts may be anything.
+bool canBe(const FieldDescription& field, const std::string& typed) {
+    if (typed == "null") return true;
+    if (field.shape == tools::Shape::kNumber) return tools::numberOfText(typed).isNumeric();
+    return field.shape != tools::Shape::kTruth || typed == "true" || typed == "false";
 }
 
 /// Whether a value is what somebody typed for it.
@@ -79,7 +89,7 @@ EventFilter::EventFilter(const std::vector<std::string>& events, const std::vect
             addEvents(*each, allEvents(*each));
     }
     for (const std::string& word : where)
-        addCondition(word);
+        addCondition(word, events);
 }
 
 void EventFilter::addEvent(const std::string& word) {
@@ -105,24 +115,36 @@ void EventFilter::addEvents(const Interface& notifier, const std::vector<const O
     mEvents.insert(mEvents.end(), events.begin(), events.end());
 }
 
-void EventFilter::addCondition(const std::string& word) {
+void EventFilter::addCondition(const std::string& word, const std::vector<std::string>& events) {
     const size_t equals = word.find('=');
     if (equals == std::string::npos || equals == 0) {
         throw Failure(kWrongUsage, "--where expects field=value, got '" + word + "'",
                       "accessoryctl watch attach --where accId=1");
     }
-    const Condition condition{cutAtDots(word.substr(0, equals)), word.substr(equals + 1)};
-    if (!isKnown(condition)) {
-        throw Failure(kWrongUsage, "none of the events has a field '" + word.substr(0, equals) + "'",
-                      "accessoryctl describe " + mNotifiers[0]->name + "." + mEvents[0]->name);
+    const std::string name = word.substr(0, equals);
+    const Condition condition{cutAtDots(name), word.substr(equals + 1)};
+    const auto fields = fieldsOf(condition);
+    if (fields.empty()) {
+        throw Failure(
+            kWrongUsage, "none of the events has a field '" + name + "'",
+            "accessoryctl describe " + mNotifiers[0]->name + (events.empty() ? "" : "." + mEvents[0]->name));
+    }
+    const auto fits = [&condition](auto* field) { return canBe(*field, condition.value); };
+    if (std::none_of(fields.begin(), fields.end(), fits)) {
+        const std::string right = name + "=" + tools::compactJson(fields[0]->example);
+        throw Failure(
+            kWrongUsage, name + " expects " + fields[0]->expects + ", got '" + condition.value + "'",
+            "accessoryctl watch " + joined(events, " ") + (events.empty() ? "" : " ") + "--where " + right);
     }
     mConditions.push_back(condition);
 }
 
-bool EventFilter::isKnown(const Condition& condition) const {
-    return std::any_of(mEvents.begin(), mEvents.end(), [&condition](const Operation* event) {
-        return hasField(event->fields, condition.path, 0);
-    });
+std::vector<const FieldDescription*> EventFilter::fieldsOf(const Condition& condition) const {
+    std::vector<const FieldDescription*> fields;
+    for (const Operation* event : mEvents) {
+        if (const auto* const field = findField(event->fields, condition.path)) fields.push_back(field);
+    }
+    return fields;
 }
 
 bool EventFilter::wants(const Operation& event) const {

@@ -13,7 +13,8 @@ class EventFilter {
   public:
     /// @param events "event", which may be of several notifiers, or "Interface.event"; all when empty.
     /// @param where  "field=value" or "field.member=value".
-    /// @throws Failure kWrongUsage for an unknown event, or a field that none of the events has.
+    /// @throws Failure kWrongUsage for an unknown event, a field that none of the events has, or a value that
+    /// it cannot have.
     EventFilter(const std::vector<std::string>& events, const std::vector<std::string>& where);
 
     /// The notifiers that must be registered.
@@ -32,8 +33,9 @@ class EventFilter {
 
     void addEvent(const std::string& word);
     void addEvents(const tools::Interface& notifier, const std::vector<const tools::Operation*>& events);
-    void addCondition(const std::string& word);
-    bool isKnown(const Condition& condition) const;
+    void addCondition(const std::string& word, const std::vector<std::string>& events);
+    /// What the condition is about, in the events that have it.
+    std::vector<const tools::FieldDescription*> fieldsOf(const Condition& condition) const;
 
     std::vector<const tools::Interface*> mNotifiers;
     std::vector<const tools::Operation*> mEvents;

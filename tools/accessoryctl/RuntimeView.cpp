@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
@@ -43,13 +44,20 @@ std::vector<std::string> filesIn(const std::string& folder) {
 bool socketAddress(int folder, const std::string& name, sockaddr_un* address) {
     const std::string path = "/proc/self/fd/" + std::to_string(folder) + "/" + name;
     address->sun_family = AF_UNIX;
+    errno = ENAMETOOLONG;
     if (path.size() >= sizeof(address->sun_path)) return false;
     memcpy(address->sun_path, path.c_str(), path.size() + 1);
     return true;
 }
 
-/// The process that listens on the socket, 0 when none does. Who connects and says nothing is let go.
-pid_t listenerOf(const std::string& folder, const std::string& name) {
+/// Whether somebody listens on a socket, and which process, as far as it can be told.
+struct Listener {
+    bool isThere = false;
+    pid_t pid = 0;
+};
+
+/// Who connects and says nothing is let go.
+Listener listenerOf(const std::string& folder, const std::string& name) {
     const int directory = open(folder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
     const int connection = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
     sockaddr_un address{};
@@ -57,10 +65,11 @@ pid_t listenerOf(const std::string& folder, const std::string& name) {
     socklen_t size = sizeof(listener);
     const bool connected = socketAddress(directory, name, &address) &&
                            connect(connection, reinterpret_cast<sockaddr*>(&address), sizeof(address)) == 0;
+    const bool deserted = !connected && (errno == ECONNREFUSED || errno == ENOENT || errno == ENAMETOOLONG);
     if (connected) getsockopt(connection, SOL_SOCKET, SO_PEERCRED, &listener, &size);
     close(connection);
     close(directory);
-    return listener.pid;
+    return {!deserted, listener.pid};
 }
 
 }  // namespace
@@ -84,9 +93,18 @@ std::vector<ServiceEntry> servicesIn(const std::string& folder) {
         if (file.rfind(kPrefix, 0) != 0) continue;
         std::string owner;
         std::ifstream(pathIn(folder, file)) >> owner;
-        services.push_back({file.substr(strlen(kPrefix)), listenerOf(folder, owner)});
+        const Listener listener = listenerOf(folder, owner);
+        services.push_back({file.substr(strlen(kPrefix)), listener.pid, listener.isThere});
     }
     return services;
+}
+
+std::vector<std::string> staleEntriesIn(const std::string& folder) {
+    std::vector<std::string> stale;
+    for (const ServiceEntry& service : servicesIn(folder)) {
+        if (!service.isAlive) stale.push_back(pathIn(folder, kPrefix + service.name));
+    }
+    return stale;
 }
 
 std::vector<std::string> staleSocketsIn(const std::string& folder) {
@@ -94,7 +112,7 @@ std::vector<std::string> staleSocketsIn(const std::string& folder) {
     for (const std::string& file : filesIn(folder)) {
         std::error_code error;
         const std::string path = pathIn(folder, file);
-        if (fs::is_socket(path, error) && listenerOf(folder, file) == 0) stale.push_back(path);
+        if (fs::is_socket(path, error) && !listenerOf(folder, file).isThere) stale.push_back(path);
     }
     return stale;
 }

@@ -18,12 +18,15 @@ RuntimeFolder runtimeFolder();
 /// One entry of a service.
 struct ServiceEntry {
     std::string name;
-    pid_t owner = 0;  ///< 0 when its process is dead
-    bool isAlive() const { return owner != 0; }
+    pid_t owner = 0;  ///< 0 when its process has ended, or is too busy to tell
+    bool isAlive = false;
 };
 
 /// In ascending order of their names.
 std::vector<ServiceEntry> servicesIn(const std::string& folder);
+
+/// The paths of the entries of services whose process has ended.
+std::vector<std::string> staleEntriesIn(const std::string& folder);
 
 /// The paths of the sockets on which nobody listens any more.
 std::vector<std::string> staleSocketsIn(const std::string& folder);

@@ -20,38 +20,54 @@ const Interface& interfaceCalled(const std::string& name) {
 
 namespace {
 
-/// An operation without its interface, when only one has it.
-Target unqualified(const std::string& name) {
+std::string suggestion(const std::string& meant) {
+    return meant.empty() ? "" : "; did you mean '" + meant + "'?";
+}
+
+[[noreturn]] void refuseWord(const std::string& word, const Around& around) {
+    std::vector<std::string> names;
+    for (const Interface* each : tools::allInterfaces()) {
+        names.push_back(each->name);
+        for (const std::string& name : operationNames(*each))
+            names.push_back(name);
+    }
+    const std::string meant = nearest(word, names);
+    throw Failure(kWrongUsage, "there is no operation or interface '" + word + "'" + suggestion(meant),
+                  meant.empty() ? "accessoryctl describe" : commandLine(meant, around));
+}
+
+/// An operation without its interface.
+std::vector<Target> unqualified(const std::string& name, const Around& around) {
     std::vector<Target> found;
-    std::vector<std::string> qualified;
     for (const Interface* each : tools::allInterfaces()) {
         auto operations = tools::findOperations(*each, name);
-        if (operations.empty()) continue;
-        qualified.push_back(each->name + "." + operations.front()->name);
-        found.push_back({each, std::move(operations)});
+        if (!operations.empty()) found.push_back({each, std::move(operations)});
     }
-    if (found.size() == 1) return found.front();
-    if (found.empty()) interfaceCalled(name);
-    throw Failure(kWrongUsage,
-                  "'" + name + "' is an operation of several interfaces: " + joined(qualified, ", "),
-                  "accessoryctl describe " + qualified.front());
+    if (found.empty()) refuseWord(name, around);
+    return found;
 }
 
 }  // namespace
 
-Target targetOf(const std::string& word) {
-    if (const Interface* const whole = tools::findInterface(word)) return {whole, {}};
+std::string commandLine(const std::string& word, const Around& around) {
+    std::string line = "accessoryctl " + around.verb + " " + shellWord(word);
+    for (const std::string& each : around.behind)
+        line += " " + shellWord(each);
+    return line;
+}
+
+std::vector<Target> targetsOf(const std::string& word, const Around& around) {
+    if (const Interface* const whole = tools::findInterface(word)) return {{whole, {}}};
     const size_t dot = word.rfind('.');
-    if (dot == std::string::npos) return unqualified(word);
+    if (dot == std::string::npos) return unqualified(word, around);
     const Interface& interface = interfaceCalled(word.substr(0, dot));
     const std::string name = word.substr(dot + 1);
     auto operations = tools::findOperations(interface, name);
-    if (!operations.empty()) return {&interface, std::move(operations)};
+    if (!operations.empty()) return {{&interface, std::move(operations)}};
     const std::string meant = nearest(name, operationNames(interface));
-    throw Failure(kWrongUsage,
-                  interface.name + " has no operation '" + name + "'" +
-                      (meant.empty() ? "" : "; did you mean '" + meant + "'?"),
-                  "accessoryctl describe " + interface.name + (meant.empty() ? "" : "." + meant));
+    throw Failure(kWrongUsage, interface.name + " has no operation '" + name + "'" + suggestion(meant),
+                  meant.empty() ? "accessoryctl describe " + interface.name
+                                : commandLine(interface.name + "." + meant, around));
 }
 
 std::string serviceCalled(const std::string& name) {

@@ -17,10 +17,20 @@ struct Target {
     std::vector<const tools::Operation*> operations;
 };
 
-/// @param word "Interface.operation"; "operation" alone when only one interface has it; or "Interface" alone,
-/// which leaves the operations empty.
+/// The words around the one that names a target, for a command line that is right.
+struct Around {
+    std::string verb;
+    std::vector<std::string> behind;
+};
+
+/// "accessoryctl VERB WORD ...", quoted for a shell.
+std::string commandLine(const std::string& word, const Around& around);
+
+/// @param word "Interface.operation"; "operation" alone, of every interface that has it; or "Interface"
+/// alone, which leaves the operations empty.
+/// @return at least one.
 /// @throws Failure kWrongUsage as above.
-Target targetOf(const std::string& word);
+std::vector<Target> targetsOf(const std::string& word, const Around& around);
 
 /// The service of an interface that is called so, or the name itself.
 std::string serviceCalled(const std::string& name);

@@ -31,7 +31,8 @@ int dump(const Options& options, const std::string& name, const std::vector<std:
 /// @param name an interface or a service.
 int wait(const Options& options, const std::string& name);
 
-int doctor(const Options& options);
+/// @param tidying first removes what processes that have ended left behind.
+int doctor(const Options& options, bool tidying);
 
 /// @param paths of captures.
 int decode(const Options& options, const std::vector<std::string>& paths);

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "tools/accessoryctl/BinderCalls.h"
+#include "tools/accessoryctl/FolderState.h"
 #include "tools/accessoryctl/Targets.h"
 #include "tools/accessoryctl/Verbs.h"
 
@@ -25,6 +26,7 @@ int wait(const Options& options, const std::string& name) {
     if (!isUsable(service)) {
         throw Failure(kWrongUsage, "no service can be called '" + service + "'", "accessoryctl list");
     }
+    requireUsableFolder();
     try {
         within(options, service, [service] {
             const android::String16 wide(service.c_str());

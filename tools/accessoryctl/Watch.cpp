@@ -12,6 +12,7 @@
 
 #include "tools/accessoryctl/EventFilter.h"
 #include "tools/accessoryctl/EventLines.h"
+#include "tools/accessoryctl/FolderState.h"
 #include "tools/accessoryctl/LineQueue.h"
 #include "tools/accessoryctl/Verbs.h"
 #include "tools/accessoryctl/WatchedService.h"
@@ -49,6 +50,7 @@ class Watcher {
     void say(const char* type, const Json::Value& object, const std::string& text);
     void wake() const;
     bool connectAll();
+    std::string waitingLine() const;
     int noteDeaths();
     std::optional<int> status() const;
     int rest(int milliseconds);
@@ -125,6 +127,13 @@ bool Watcher::connectAll() {
     return true;
 }
 
+std::string Watcher::waitingLine() const {
+    std::string text = "waiting for";
+    for (const auto& service : mServices)
+        text += " " + service->name();
+    return text;
+}
+
 /// @return how many services died.
 int Watcher::noteDeaths() {
     int deaths = 0;
@@ -177,8 +186,10 @@ int Watcher::watchUntilEnd() {
 int Watcher::run() {
     android::ProcessState::self()->startThreadPool();
     try {
+        requireUsableFolder();
         const bool any = connectAll();
         if (!any && !mWatched.reconnect) throw noService(mServices[0]->name());
+        if (!any && !mOptions.json) mLines.push(waitingLine());
         return finish(watchUntilEnd());
     } catch (const Failure&) {
         finish(kFailed);

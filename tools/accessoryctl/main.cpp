@@ -8,8 +8,9 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "tools/LogPriority.h"
 #include "tools/accessoryctl/BinderCalls.h"
-#include "tools/accessoryctl/Text.h"
+#include "tools/accessoryctl/CommandWords.h"
 #include "tools/accessoryctl/Verbs.h"
 #include "tools/capture/Decode.h"
 
@@ -31,15 +32,21 @@ struct CommandLine {
     WatchOptions watch;
     std::string shell;
     std::string output;
+    bool tidying = false;
     int (*run)(const CommandLine&) = nullptr;
 };
+
+/// They may stand in front of the verb or behind it.
+void addCommonOptions(CLI::App* app, CommandLine* line) {
+    app->add_flag("--json", line->options.json, "Print one JSON object a line");
+    app->add_option("--timeout", line->options.timeout, "Seconds that a service has for anything (5)")
+        ->check(secondsAbove0("--timeout"));
+}
 
 CLI::App* addVerb(CLI::App* app, CommandLine* line, const char* name, const char* help,
                   int (*run)(const CommandLine&)) {
     CLI::App* const verb = app->add_subcommand(name, help);
-    verb->add_flag("--json", line->options.json, "Print one JSON object a line");
-    verb->add_option("--timeout", line->options.timeout, "Seconds that a service has for anything (5)")
-        ->check(CLI::PositiveNumber);
+    addCommonOptions(verb, line);
     verb->callback([line, run] { line->run = run; });
     return verb;
 }
@@ -51,8 +58,9 @@ void addWatch(CLI::App* app, CommandLine* line) {
     verb->add_option("event", line->watch.events, "Events, all when none is named");
     verb->add_option("--where", line->watch.where, "field=value that must hold; several must all hold")
         ->allow_extra_args(false);
-    verb->add_option("--count", line->watch.count, "End after as many events")->check(CLI::PositiveNumber);
-    verb->add_option("--for", line->watch.seconds, "End after as many seconds")->check(CLI::PositiveNumber);
+    verb->add_option("--count", line->watch.count, "End after as many events")->check(countAbove0("--count"));
+    verb->add_option("--for", line->watch.seconds, "End after as many seconds")
+        ->check(secondsAbove0("--for"));
     verb->add_flag("--reconnect", line->watch.reconnect, "Wait for a service that is not there or died");
 }
 
@@ -95,8 +103,9 @@ void addOthers(CLI::App* app, CommandLine* line) {
             [](const CommandLine& asked) { return wait(asked.options, asked.target); })
         ->add_option("service", line->target, "Interface or name of the service")
         ->required();
-    addVerb(app, line, "doctor", "Check the runtime and its services",
-            [](const CommandLine& asked) { return doctor(asked.options); });
+    addVerb(app, line, "doctor", "Check the runtime and its services", [](const CommandLine& asked) {
+        return doctor(asked.options, asked.tidying);
+    })->add_flag("--tidy", line->tidying, "First remove what processes that have ended left behind");
     addVerb(app, line, "completion", "Print the completion script of a shell",
             [](const CommandLine& asked) { return completion(asked.shell); })
         ->add_option("shell", line->shell, "bash or zsh")
@@ -146,24 +155,39 @@ int refuse(const CLI::App& app, const CommandLine& line, const CLI::ParseError& 
 
 }  // namespace
 
+static void addEverything(CLI::App* app, CommandLine* line) {
+    app->require_subcommand(1);
+    app->set_version_flag("--version", "accessoryctl " ACCESSORY_VERSION "\ntables " + tools::tablesDigest());
+    app->footer(kFooter);
+    addCommonOptions(app, line);
+    addCall(app, line);
+    addWatch(app, line);
+    addCaptureVerbs(app, line);
+    addOthers(app, line);
+}
+
 /// @return the exit status of the program.
 static int runCommandLine(int argc, char** argv) {
-    // The library reports failed steps to the platform log, which here is the standard error.
-    setenv("ANDROID_LOG_TAGS", "*:s", 0);
+    // The library reports failed steps to the platform log, which here is the standard error; what matters of
+    // them is in the messages of the verbs.
+    setenv("ANDROID_LOG_TAGS", "*:f", 0);
+    tools::chooseLogPriority(ANDROID_LOG_FATAL);
     signal(SIGPIPE, SIG_IGN);
     CommandLine line;
     CLI::App app("Calls, watches and examines accessory services.", "accessoryctl");
-    app.require_subcommand(1);
-    app.set_version_flag("--version", "accessoryctl " ACCESSORY_VERSION "\ntables " + tools::tablesDigest());
-    app.footer(kFooter);
-    addCall(&app, &line);
-    addWatch(&app, &line);
-    addCaptureVerbs(&app, &line);
-    addOthers(&app, &line);
+    addEverything(&app, &line);
     try {
-        app.parse(setValuesAside(argc, argv, &line), argv);
+        const int count = setValuesAside(argc, argv, &line);
+        char** const end = argv + count;
+        char** const verb = verbIn(argv + 1, end);
+        if (isHelp(verb, end)) return help(app, verb + 1, end);
+        checkVerb(app, verb, end);
+        app.parse(count, argv);
     } catch (const CLI::ParseError& error) {
         return refuse(app, line, error);
+    } catch (const Failure& failure) {
+        report(line.options, failure);
+        return failure.status;
     }
     const int status = run(app, &line);
     if (leftThreadBehind()) _exit(status);

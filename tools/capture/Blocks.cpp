@@ -34,7 +34,7 @@ std::vector<BlockOption> optionsOf(const Block& block, size_t at) {
 }
 
 BlockReader::BlockReader(const std::string& path) : mPath(path), mFile(fopen(path.c_str(), "rbe")) {
-    if (mFile == nullptr) refuse(strerror(errno));
+    if (mFile == nullptr) throw CaptureError(mPath, strerror(errno));
     Block first;
     if (!next(&first)) refuse("the file is empty");
     if (first.type != kSectionHeader) refuse("this is no pcapng file");
