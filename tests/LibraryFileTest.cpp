@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <memory>
 #include <regex>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -41,12 +42,82 @@ bool isAnInstantiation(const std::string& symbol) {
     return std::regex_match(demangled(symbol), platform) || std::regex_match(symbol, mangledInStd);
 }
 
+/// The classes that others derive from, hold or are handed.
+constexpr const char* kOnlyOffered[] = {"AccessoryManagerImplItf",
+                                        "AccessoryManagerNotifierDeathRecipient",
+                                        "AppleUSBAudioManagerImplItf",
+                                        "AppleUSBAudioManagerNotifierImplItf",
+                                        "AppleUSBAudioManagerNotifierItf",
+                                        "AppleiAP2ManagerImplItf",
+                                        "AppleiAP2ManagerNotifierImplItf",
+                                        "AppleiAP2ManagerNotifierItf",
+                                        "IAccessoryManager",
+                                        "IAppleUSBAudioManager",
+                                        "IAppleUSBAudioManagerNotifier",
+                                        "IAppleiAP2Manager",
+                                        "IAppleiAP2ManagerNotifier",
+                                        "LaneGuidanceInfo",
+                                        "MediaItemMask",
+                                        "MediaLibDataMask",
+                                        "MediaLibUpdateInfo",
+                                        "MediaPlaylistMask",
+                                        "RouteGuidaceUpdateInfo",
+                                        "RuoteGuidanceManeuverUpdateInfo",
+                                        "iAP2ItemAttribute",
+                                        "iAP2ItemAttributeMask",
+                                        "iAP2MediaItem",
+                                        "iAP2MediaItemDelId",
+                                        "iAP2MediaLibData",
+                                        "iAP2MediaLibGroupData",
+                                        "iAP2MediaPlayback",
+                                        "iAP2MediaPlaybackMask",
+                                        "iAP2MediaPlaylist",
+                                        "iAP2MediaPlaylistDelId",
+                                        "iAP2PowerUpdate",
+                                        "iAP2PowerUpdateMask"};
+
+/// Those of them that others make, through a constructor that is in the library. The masks and the requests
+/// for updates are made by constructors in the headers.
+constexpr const char* kMadeByOthers[] = {"AppleUSBAudioManagerNotifier",
+                                         "AppleUSBAudioNotifierDeathRecipient",
+                                         "AppleiAP2ManagerNotifier",
+                                         "AppleiAP2NotifierDeathRecipient",
+                                         "BnAccessoryManager",
+                                         "BnAppleUSBAudioManager",
+                                         "BnAppleUSBAudioManagerNotifier",
+                                         "BnAppleiAP2Manager",
+                                         "BnAppleiAP2ManagerNotifier",
+                                         "BpAccessoryManager",
+                                         "BpAppleUSBAudioManager",
+                                         "BpAppleUSBAudioManagerNotifier",
+                                         "BpAppleiAP2Manager",
+                                         "BpAppleiAP2ManagerNotifier",
+                                         "ILaneGuidanceInformation",
+                                         "IRouteGuidaceUpdateInfo",
+                                         "IRuoteGuidanceManeuverUpdateInfo",
+                                         "IiAP2ItemAttribute",
+                                         "IiAP2MediaItem",
+                                         "IiAP2MediaItemDelId",
+                                         "IiAP2MediaLibData",
+                                         "IiAP2MediaPlayback",
+                                         "IiAP2MediaPlaylist",
+                                         "IiAP2MediaPlaylistDelId",
+                                         "IiAP2PowerUpdate"};
+
 class LibraryFile : public testing::Test {
   protected:
     void SetUp() override {
 #ifdef LIBRARY_IS_SANITIZED
         GTEST_SKIP() << "sanitizers add constructors and symbols of their own";
 #endif
+    }
+
+    /// What the library offers, readable.
+    std::set<std::string> offered() const {
+        std::set<std::string> names;
+        for (const std::string& symbol : mLibrary.exports())
+            names.insert(demangled(symbol));
+        return names;
     }
 
     const ElfFile mLibrary{LIBRARY_FILE};
@@ -69,15 +140,31 @@ TEST_F(LibraryFile, ExportsNothingButItsDocumentedNames) {
     EXPECT_THAT(strangers, testing::IsEmpty());
 }
 
+/// Fails for a class whose table or type is not among @p names.
+void expectClass(const std::string& name, const std::set<std::string>& names) {
+    for (const char* of :
+         {"vtable for accessory::", "typeinfo for accessory::", "typeinfo name for accessory::"})
+        EXPECT_EQ(names.count(of + name), 1u) << of << name;
+}
+
+TEST_F(LibraryFile, ExportsEveryClassThatOthersUse) {
+    const std::set<std::string> names = offered();
+    for (const char* name : kOnlyOffered)
+        expectClass(name, names);
+    for (const char* name : kMadeByOthers) {
+        expectClass(name, names);
+        const std::string constructor = std::string("accessory::") + name + "::" + name + "(";
+        const auto first = names.lower_bound(constructor);
+        EXPECT_TRUE(first != names.end() && first->rfind(constructor, 0) == 0) << constructor;
+    }
+}
+
 TEST_F(LibraryFile, TellsTracingRuntimesTheDigestOfItsTables) {
     EXPECT_THAT(mLibrary.exports(), testing::Contains("binder_trace_note"));
 }
 
 TEST_F(LibraryFile, ExportsTheTraceObject) {
-    std::vector<std::string> names;
-    for (const std::string& name : mLibrary.exports())
-        names.push_back(demangled(name));
-    EXPECT_THAT(names, testing::Contains("IAPAutoTrace::~IAPAutoTrace()"));
+    EXPECT_THAT(offered(), testing::Contains("IAPAutoTrace::~IAPAutoTrace()"));
 }
 
 }  // namespace

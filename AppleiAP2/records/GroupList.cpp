@@ -79,17 +79,21 @@ bool GroupList::write(RecordWriter& writer, const iAP2MediaLibData& update) cons
 
 // The count is only believed as far as entries can have come: room is made for what the parcel still holds,
 // and the entries that a parcel cut short owes, which read as empty items, end where a transaction would. An
-// entry that finds no room in the list is read all the same, so that what follows is found.
+// entry that finds no room ends the list, which has no gaps; it and those behind it are read all the same, so
+// that what follows is found.
 bool GroupList::read(RecordReader& reader, GroupEntries& slot) const {
     const int32_t count = reader.int32();
     if (count <= 0) return true;
     slot.setCapacity(std::min<size_t>(count, reader.available() / kSmallestEntryBytes));
     EntryMemory memory;
     const auto announced = std::min<size_t>(count, kMostTransactionBytes / kTypeBytes);
+    bool hasRoom = true;
     for (size_t i = 0; i < announced && slot.size() < kMostEntries; ++i) {
         sp<Entry> entry = readEntry(reader, memory);
-        const ssize_t place = entry != nullptr ? slot.add() : -1;
-        if (place >= 0) slot.editItemAt(static_cast<size_t>(place)) = std::move(entry);
+        if (entry == nullptr || !hasRoom) continue;
+        const ssize_t place = slot.add();
+        hasRoom = place >= 0;
+        if (hasRoom) slot.editItemAt(static_cast<size_t>(place)) = std::move(entry);
     }
     return true;
 }

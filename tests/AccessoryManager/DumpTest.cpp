@@ -209,6 +209,19 @@ TEST_F(Dump, LeavesTheDescriptorOpen) {
     EXPECT_NE(fcntl(writes.in(), F_GETFD), -1);
 }
 
+TEST(DumpWithoutAnImplementation, IsTheHeaderAndAFailedCheck) {
+    const LogCatcher log;
+    const Writes writes;
+    const android::sp<BnAccessoryManager> stub = new BnAccessoryManager(nullptr);
+    for (const Arguments& args : {Arguments(), arguments({"-a"})}) {
+        EXPECT_EQ(stub->dump(writes.in(), args), 0);
+        EXPECT_EQ(writes.next(), kHeader);
+        EXPECT_EQ(writes.next(), std::nullopt);
+    }
+    EXPECT_THAT(log.lines(), ElementsAre(LoggedCheck(kTag, "dump", "mImpl.get()"),
+                                         LoggedCheck(kTag, "dump", "mImpl.get()")));
+}
+
 TEST(DumpWithoutAnImplementation, OfTheNotifiersIsTheHeader) {
     const LogCatcher log;
     const Writes writes;

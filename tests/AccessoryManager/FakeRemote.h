@@ -42,4 +42,12 @@ class FakeRemote : public android::IBinder {
     const android::String16 mName;
 };
 
+/// A remote that answers with the header, a count of 0xffffffff, the identifiers 1 to 10, and an object:
+/// words that are there and cannot be read.
+class ObjectAmongIds : public FakeRemote {
+  public:
+    android::status_t transact(uint32_t code, const android::Parcel& data, android::Parcel* reply,
+                               uint32_t flags) override;
+};
+
 }  // namespace accessory::test

@@ -1,5 +1,6 @@
 // The broadcaster within one process: both events to every client, the order, the lines, the results, and the
 // lock.
+#include <atomic>
 #include <condition_variable>
 #include <thread>
 
@@ -210,6 +211,64 @@ TEST_F(AudioSerialisation, MakesADeathWaitBehindItsLine) {
     const Line begun = died(100);
     const std::vector<LogLine> lines = linesDuring([&] { recipient->binderDied(nullptr); }, &begun);
     EXPECT_LT(placeOf(failed, lines), placeOf(info("binderDied out"), lines));
+}
+
+class AudioDuringAnEvent : public AudioFixture {
+  protected:
+    /// Registers a client that holds up every event, in front of all others.
+    void SetUp() override { registry->addNotifier(0, slow); }
+    void TearDown() override { slow->release(); }
+
+    /// Begins an event, and comes back when it waits for that client.
+    std::thread raised(int result) {
+        std::thread event([this, result] { EXPECT_EQ(broadcaster->attach(7), result); });
+        slow->awaitWaiting();
+        log.clear();
+        return event;
+    }
+
+    /// The lines of failed checks among @p lines.
+    static std::vector<LogLine> errorsOf(const std::vector<LogLine>& lines) {
+        std::vector<LogLine> errors;
+        for (const LogLine& line : lines)
+            if (line.priority == ANDROID_LOG_ERROR) errors.push_back(line);
+        return errors;
+    }
+
+    const sp<SlowNotifier> slow{new SlowNotifier(new AudioListener)};
+    const Line failed = failure("attach");
+};
+
+TEST_F(AudioDuringAnEvent, AListingWaits) {
+    registry->addNotifier(200, nullptr);  // at which event and listing end, each with a line under the lock
+    std::thread event = raised(-1);
+    std::atomic<bool> begun{false};
+    android::String8 text;
+    std::thread listing([&] {
+        begun = true;
+        EXPECT_EQ(registry->dump({}, text), -1);
+    });
+    EXPECT_TRUE(eventually([&] { return begun.load(); }));
+    slow->release();
+    event.join();
+    listing.join();
+    EXPECT_THAT(logged(), are({failed, check("attach", "notifier.get()"), check("dump", "notifier.get()")}));
+}
+
+TEST_F(AudioDuringAnEvent, ARemovalWaitsBehindTheUnlinking) {
+    const RemoteAudioClient client{};
+    ASSERT_EQ(stub->setNotifier(client.notifier), 0);
+    std::atomic<bool> unlinked{false};
+    client.remote->onUnlink = [&] { unlinked = true; };
+    std::thread event = raised(0);
+    std::thread clearing([&] { EXPECT_EQ(stub->clearNotifier(), 0); });
+    EXPECT_TRUE(eventually([&] { return unlinked.load(); })) << "the unlinking waits for the event";
+    EXPECT_EQ(registry->find(own), client.notifier) << "the removal does not wait for the event";
+    slow->release();
+    event.join();
+    clearing.join();
+    EXPECT_EQ(registry->find(own), nullptr);
+    EXPECT_THAT(errorsOf(logged()), are({failed, removedElsewhere()}));
 }
 
 TEST_F(AudioSerialisation, FindsANotifierDuringAnEvent) {

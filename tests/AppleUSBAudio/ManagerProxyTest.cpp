@@ -1,5 +1,6 @@
 // The manager's proxy: the bytes of each request, what it makes of replies, and its lines.
 #include <algorithm>
+#include <chrono>
 
 #include "tests/AppleUSBAudio/AudioFixture.h"
 #include "tests/AppleUSBAudio/FailingBinderWrites.h"
@@ -277,6 +278,17 @@ TEST_F(ProxyIds, LeaveTheStatusTheFinalWordOfAReplyWithMoreThanTen) {
     remote->answer = parcel({i32(0), i32(12), i32(1), i32(2), i32(3), i32(4), i32(5), i32(6), i32(7), i32(8),
                              i32(9), i32(10), i32(11), i32(12), i32(-55)});
     EXPECT_EQ(get(), -55);
+}
+
+TEST(ProxyIdsOfAnOddReply, EndAtOnceAtAnObjectWhateverTheCountSays) {
+    const sp<IAppleUSBAudioManager> manager = new BpAppleUSBAudioManager(new ObjectAmongIds);
+    unsigned int ids[11] = {};
+    unsigned int count = 99;
+    const auto begin = std::chrono::steady_clock::now();
+    EXPECT_EQ(manager->getIds(ids, &count), 0);
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(5));
+    EXPECT_EQ(count, 10u);
+    EXPECT_THAT(ids, testing::ElementsAre(1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 0));
 }
 
 TEST_F(ProxyIds, AreZeroWhereTheReplyIsCut) {

@@ -1,4 +1,7 @@
 // The manager's stub: from the bytes of a request to the call of the service, the reply and the log.
+#include <binder/IPCThreadState.h>
+#include <sys/wait.h>
+
 #include "tests/AppleUSBAudio/AudioFixture.h"
 
 namespace accessory::test {
@@ -261,6 +264,24 @@ TEST_F(ManagerStub, ForwardsDirectCallsWithoutALine) {
               "startup()|shutdown()|getIds()|setVolume(1, 2)|setSampleRate(3, "
               "4)|start(5)|stop(6)|play(7)|pause(8)|");
     EXPECT_THAT(logged(), testing::IsEmpty());
+}
+
+/// Ends the process with 0 when a request is served on a thread without a state, and not announced.
+[[noreturn]] void serveWithoutAThreadState() {
+    const sp<AudioService> service = new AudioService;
+    service->answer = 5;
+    const sp<BnAppleUSBAudioManager> stub = keptStub(service);
+    android::IPCThreadState::shutdown();
+    const LogCatcher log;
+    const Answer answer = ask(*stub, 8, audioRequest(i32(7)));
+    if (!log.lines().empty()) _exit(1);
+    if (!(answer == Answer{0, parcel({i32(0), i32(5)})})) _exit(2);
+    if (service->told() != "start(7)|") _exit(3);
+    _exit(0);
+}
+
+TEST(AudioStubDeathTest, ServesAThreadWithoutAStateAndDoesNotNameItsCaller) {
+    EXPECT_EXIT(serveWithoutAThreadState(), testing::ExitedWithCode(0), "");
 }
 
 }  // namespace

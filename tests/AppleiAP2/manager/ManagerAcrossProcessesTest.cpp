@@ -90,6 +90,23 @@ TEST_F(ManagerAcrossProcesses, AnswersAnErrorForAMissingPropertyOrKeyAndServesOn
     expectStillServing();
 }
 
+TEST_F(ManagerAcrossProcesses, GivesNullForAFeatureThatTheServiceDoesNotKnow) {
+    const unsigned int id = RunningManager::kWithoutFeatures;
+    EXPECT_EQ(askService(11, managerRequest(parcel({i32(id), cstr("f")}))).status, -22);
+    log.clear();
+    EXPECT_EQ(manager->getSupportFeature(id, "f"), nullptr);
+    EXPECT_THAT(log.linesWith(kTag), testing::Contains(LoggedStatusCheck(kTag, "getSupportFeature")));
+    EXPECT_STREQ(manager->getSupportFeature(7, "f"), "yes, it does");
+}
+
+TEST_F(ManagerAcrossProcesses, GivesNullForTheVersionOfAServiceThatHasNone) {
+    EXPECT_EQ(manager->stop(RunningManager::kTakesTheVersion), RunningManager::kAnswer);
+    log.clear();
+    EXPECT_EQ(manager->getVersion(), nullptr);
+    EXPECT_THAT(log.linesWith(kTag), IsEmpty());
+    EXPECT_EQ(askService(75, managerRequest({})), stopped(0));
+}
+
 TEST_F(ManagerAcrossProcesses, RegistersAndDeregisters) {
     const sp<android::IBinder> client = new android::BBinder;
     const sp<IAppleiAP2ManagerNotifier> notifier = IAppleiAP2ManagerNotifier::asInterface(client);

@@ -46,6 +46,19 @@ TEST(ManagerLife, TracesTheStubsBegin) {
     _exit(0);
 }
 
+/// Destroys a stub likewise, and ends the process with the references to its implementation that are left.
+[[noreturn]] void destroyAStubAndCountReferences() {
+    const sp<ManagerRecorder> recorder = new ManagerRecorder;
+    BnAppleiAP2Manager* stub = kept(new BnAppleiAP2Manager(recorder)).get();
+    const int32_t before = recorder->getStrongCount();
+    stub->~BnAppleiAP2Manager();
+    _exit(before == 2 ? recorder->getStrongCount() : 100);
+}
+
+TEST(ManagerLifeDeathTest, TheStubsEndReleasesTheImplementation) {
+    EXPECT_EXIT(destroyAStubAndCountReferences(), testing::ExitedWithCode(1), "");
+}
+
 TEST(ManagerLifeDeathTest, TracesTheStubsEnd) {
     EXPECT_EXIT(destroyAStub(), testing::ExitedWithCode(0),
                 "3 \\[AppleiAP2/IAppleiAP2Manager\\.cpp\\]\\[~BnAppleiAP2Manager\\] \\[--IN--\\]\n"

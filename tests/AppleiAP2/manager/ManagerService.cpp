@@ -21,7 +21,13 @@ class Service : public ManagerRecorder {
 
     int stop(unsigned int accId) override {
         if (accId == RunningManager::kWaitForever) wait();
+        if (accId == RunningManager::kTakesTheVersion) version = nullptr;
         return ManagerRecorder::stop(accId);
+    }
+
+    const char* getSupportFeature(unsigned int accId, const char* name) override {
+        const char* const known = ManagerRecorder::getSupportFeature(accId, name);
+        return accId == RunningManager::kWithoutFeatures ? nullptr : known;
     }
 
   private:

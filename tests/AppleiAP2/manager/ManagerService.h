@@ -16,6 +16,10 @@ class RunningManager {
     static constexpr int kAnswer = -1234;
     /// stop() of this accessory never answers and says "waiting" to the test.
     static constexpr unsigned int kWaitForever = 0xdead;
+    /// Of this accessory no feature is known.
+    static constexpr unsigned int kWithoutFeatures = 0xfea;
+    /// Once this one is stopped there is no version.
+    static constexpr unsigned int kTakesTheVersion = 0xe25;
 
     RunningManager();
 

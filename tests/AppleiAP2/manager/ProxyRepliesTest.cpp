@@ -1,6 +1,7 @@
 // What the manager's proxy makes of replies that hold more than a status.
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <iterator>
 #include <thread>
 
@@ -76,6 +77,18 @@ TEST_F(Replies, EndWhereAccessoryIdentifiersAreCutWithinAWord) {
     EXPECT_EQ(proxy->getAccessoryIds(room.data(), &count), 0);
     EXPECT_EQ(count, 10u);
     EXPECT_LT(log.lines().size(), 5u);
+}
+
+TEST(ManagerProxyIds, EndAtOnceAtAnObjectWhateverTheCountSays) {
+    const sp<IAppleiAP2Manager> proxy = new BpAppleiAP2Manager(new ObjectAmongIds);
+    auto room = untouchedRoom();
+    unsigned int count = 99;
+    const auto begin = std::chrono::steady_clock::now();
+    EXPECT_EQ(proxy->getAccessoryIds(room.data(), &count), 0);
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(5));
+    EXPECT_EQ(count, 10u);
+    EXPECT_EQ(room[9], 10u);
+    EXPECT_EQ(room[10], kUntouched);
 }
 
 TEST_F(Replies, WithoutAccessoriesSetTheCountToZero) {

@@ -71,6 +71,34 @@ TEST_F(RequestBuffers, HoldWhatAWholeTransactionCanCarry) {
     EXPECT_THAT(log.lines(), IsEmpty());
 }
 
+constexpr int64_t kMost = kMebibyte - (8 << 10);  ///< bytes that a transaction carries
+
+TEST_F(RequestBuffers, MayBeAsLongAsATransaction) {
+    const Bytes bytes(kMost, 0x01);
+    EXPECT_EQ(toldOf(18, parcel({i32(7), i32(kMost), bytes})),
+              "updateLocation(7, [1040384 bytes, sum 1040384], 1040384)");
+    EXPECT_EQ(toldOf(90, parcel({i32(7), i32(kMost), bytes})),
+              "accHIDReport(7, [1040384 bytes, sum 1040384], 1040384)");
+    EXPECT_EQ(toldOf(55, parcel({i32(7), i32(kMost / 8), bytes})),
+              "BTComponentInformation(7, [1040384 bytes, sum 1040384], 130048)");
+    EXPECT_THAT(log.lines(), IsEmpty());
+}
+
+TEST_F(RequestBuffers, AreRefusedWhenTheyAreOneLongerThanATransactionThoughAllBytesAreThere) {
+    const Bytes bytes(kMost + 8, 0x01);
+    const struct {
+        uint32_t code;
+        int64_t count;
+        const char* check;
+    } cases[] = {{18, kMost + 1, "buf"}, {90, kMost + 1, "reportData"}, {55, kMost / 8 + 1, "info"}};
+    for (const auto& each : cases) {
+        log.clear();
+        EXPECT_EQ(toldOf(each.code, parcel({i32(7), i32(each.count), bytes})), "") << each.code;
+        EXPECT_EQ(last, stopped(kBadValue)) << each.code;
+        EXPECT_THAT(log.lines(), areLines({failedCheck(each.check)})) << each.code;
+    }
+}
+
 TEST(ImpossibleLength, OfAnAddressIsNotTestedAndGivesNull) {
     for (const int64_t length : {int64_t{0xffffffff}, int64_t{INT32_MAX}, kMebibyte + 1}) {
         const android::sp<ManagerRecorder> recorder = new ManagerRecorder;

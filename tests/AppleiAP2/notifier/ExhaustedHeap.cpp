@@ -14,9 +14,11 @@ void* __libc_calloc(size_t count, size_t size);
 namespace {
 
 thread_local size_t tLimit = SIZE_MAX;
+thread_local int tTimes = 0;
 
 bool fails(size_t size) {
-    if (size < tLimit) return false;
+    if (size < tLimit || tTimes == 0) return false;
+    --tTimes;
     errno = ENOMEM;
     return true;
 }
@@ -37,7 +39,10 @@ VISIBLE void* calloc(size_t count, size_t size) {
 
 namespace accessory::test {
 
-ExhaustedHeap::ExhaustedHeap(size_t bytes) { tLimit = bytes; }
+ExhaustedHeap::ExhaustedHeap(size_t bytes, int times) {
+    tLimit = bytes;
+    tTimes = times;
+}
 ExhaustedHeap::~ExhaustedHeap() { tLimit = SIZE_MAX; }
 
 }  // namespace accessory::test

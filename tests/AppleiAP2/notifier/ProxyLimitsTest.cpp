@@ -160,6 +160,9 @@ TEST_F(ProxyLimits, SendsArgumentStructuresThatAreNotThereAsEmptyOnes) {
               parcel({i32(7), repeated(17, i32(0))}));
     EXPECT_EQ(sent(40, [](auto& to) { return to.CarPlayAvailability(7, nullptr, nullptr); }),
               parcel({i32(7), i32(0), i32(0)}));
+    EXPECT_THAT(log.lines(),
+                areLines({failedStep("fileTransferSetup"), failedStep("CommunicationsUpdate"),
+                          failedStep("CarPlayAvailability"), failedStep("CarPlayAvailability")}));
 }
 
 TEST_F(ProxyLimits, SendsTheLastFieldOfACallWhole) {
@@ -170,6 +173,27 @@ TEST_F(ProxyLimits, SendsTheLastFieldOfACallWhole) {
     EXPECT_EQ(bytes, parcel({i32(7), repeated(11, i32(0)), i32(1), i64(0x1122334455667788)}));
     EXPECT_EQ(toldOf(38, bytes),
               "CallStateUpdate(7, {null null null null null null null null null null null 1432778632})");
+}
+
+TEST_F(ProxyLimits, LogsEveryRecordThatIsNotThere) {
+    const auto logged = [this](const Event::Call& call) {
+        log.clear();
+        call(*proxy);
+        return log.lines();
+    };
+    const auto expectLogged = [&](const char* operation, size_t records, const Event::Call& call) {
+        EXPECT_THAT(logged(call), testing::Contains(LoggedStatusCheck(kTag, operation)).Times(records))
+            << operation;
+    };
+    expectLogged("mediaLibUpdateDataReady", 1,
+                 [](auto& to) { return to.mediaLibUpdateDataReady(7, nullptr); });
+    expectLogged("nowPlayingUpdate", 2, [](auto& to) { return to.nowPlayingUpdate(7, nullptr, nullptr); });
+    expectLogged("powerUpdate", 1, [](auto& to) { return to.powerUpdate(7, nullptr); });
+    expectLogged("RouteGuidanceUpdates", 1, [](auto& to) { return to.RouteGuidanceUpdates(7, nullptr); });
+    expectLogged("RouteGuidanceManeuverUpdates", 1,
+                 [](auto& to) { return to.RouteGuidanceManeuverUpdates(7, nullptr); });
+    expectLogged("LaneGuidanceInformation", 1,
+                 [](auto& to) { return to.LaneGuidanceInformation(7, nullptr); });
 }
 
 TEST_F(ProxyLimits, SendsAKeyAsFarAsItsFirstNul) {

@@ -78,7 +78,7 @@ TEST_F(HidReport, NeverOverrunsTheBufferWhenItsLengthIsNegative) {
     for (const int32_t length : {-1, -4, -1024, INT32_MIN}) {
         log.clear();
         EXPECT_EQ(report(parcel({i32(3), i32(length), Bytes(2048, 0x5a)})), answered(0));
-        EXPECT_LE(reader->told, 1024) << length;
+        EXPECT_EQ(reader->told, 0) << length;
         EXPECT_EQ(reader->buffer, Bytes(1024, 0)) << length;
         EXPECT_THAT(log.lines(), areLines({failedStep("onTransact"), debug("deviceHIDReport enter")}));
     }
@@ -135,13 +135,55 @@ TEST_F(StubBuffers, HoldAsManyPointsAsAreCounted) {
               "[00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00] 0 null null})");
 }
 
+TEST_F(StubBuffers, AreLoggedWhereTheRequestEndsBeforeThem) {
+    const std::string zeros = "[00 00 00 00 00 00 00 00]";
+    const struct {
+        uint32_t code;
+        Bytes arguments;
+        std::string told;
+        ExpectedLines lines;
+    } cases[] = {
+        {23,
+         i32(7),
+         "fileTransferSetup(7, {0 0 0 0 0 null 0 0})",
+         {failedStep("onTransact"), debug("fileTransferSetup enter")}},
+        {23,
+         parcel({i32(7), repeated(7, i32(0))}),
+         "fileTransferSetup(7, {0 0 0 0 0 null 0 0})",
+         {failedStep("onTransact"), debug("fileTransferSetup enter")}},
+        {41,
+         parcel({i32(7), i32(2), i32(1), i32(9)}),
+         "StartBluetoothPairing(7, 2, [00 00 00 00 00 00])",
+         {failedStep("onTransact"), debug("StartBluetoothPairing enter")}},
+        {43,
+         parcel({i32(7), i32(0x4), i32(-1)}),
+         "DestinationInformation(7, {4 null null " + zeros + " null 0 null 0 null null})",
+         {debug("DestinationInfo onTransact mask 0x4"), failedStep("onTransact"),
+          debug("DestinationInformation enter")}},
+        {43,
+         parcel({i32(7), i32(0x10), i32(1), i32(-1)}),
+         "DestinationInformation(7, {16 null null " + zeros + " null 1 " + zeros + " 0 null null})",
+         {debug("DestinationInfo onTransact mask 0x10"), failedStep("onTransact"),
+          debug("DestinationInformation enter")}},
+    };
+    for (const auto& each : cases) {
+        log.clear();
+        EXPECT_EQ(toldOf(each.code, each.arguments), each.told);
+        EXPECT_EQ(last, answered(0)) << each.told;
+        EXPECT_THAT(log.lines(), areLines(each.lines)) << each.told;
+    }
+}
+
 TEST_F(StubBuffers, AreNotThereForAFileThatNoRequestCanHold) {
     for (const uint32_t length : kAbsurd) {
+        log.clear();
         const Bytes setup = parcel({repeated(5, i32(1)), i32(0), i32(length), i32(8)});
         EXPECT_EQ(toldOf(23, parcel({i32(7), setup, i32(length)})),
                   "fileTransferSetup(7, {1 1 1 1 1 null 0 8})")
             << length;
         EXPECT_EQ(last, answered(0)) << length;
+        EXPECT_THAT(log.lines(), areLines({failedStep("onTransact"), debug("fileTransferSetup enter")}))
+            << length;
     }
 }
 
@@ -166,10 +208,13 @@ TEST_F(StubBuffers, LeaveTheImplementationUncalledForPointsThatNoRequestCanHold)
 
 TEST_F(StubBuffers, NeverShowAnElementsLengthWithoutItsBytes) {
     for (const uint32_t length : kAbsurd) {
+        log.clear();
         const std::string told = toldOf(36, parcel({i32(7), i32(1), i32(1), i32(1), i32(2), cstr("a"),
                                                     cstr("b"), i32(3), i32(length), i32(9), i32(0), i32(0)}));
         EXPECT_EQ(told, "AppDiscoveryUpdate(7, 1, [{2 \"a\" \"b\" 3 null 0}], 1, 9, null, 0)") << length;
         EXPECT_EQ(last, answered(0)) << length;
+        EXPECT_THAT(log.lines(), areLines({failedStep("onTransact"), debug("AppDiscoveryUpdate enter")}))
+            << length;
     }
 }
 

@@ -3,9 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <cstddef>
 #include <cstdlib>
 #include <new>
 
+#include "AppleiAP2/records/EntryMemory.h"
 #include "tests/AppleiAP2/records/MediaLibrarySamples.h"
 #include "tests/AppleiAP2/records/NowPlayingSamples.h"
 #include "tests/AppleiAP2/records/PowerSamples.h"
@@ -98,6 +100,28 @@ TEST(Allocation, OfALibraryUpdateIsThatOfItsEntries) {
     for (int i = 0; i < 100; ++i)
         words.i32(2).i64(7);
     EXPECT_EQ(2 * kObject + 100 * kObject, allocationsToRead<IiAP2MediaLibData>(words));
+}
+
+constexpr size_t kItems = 100;
+
+/// The blocks in which the items of an update and their masks lie, each behind two words that say where.
+size_t blocksOfItems() {
+    constexpr size_t kUnit = alignof(std::max_align_t);
+    const auto place = [](size_t bytes) {
+        return (2 * sizeof(void*) + kUnit - 1) / kUnit * kUnit + (bytes + kUnit - 1) / kUnit * kUnit;
+    };
+    const size_t bytes = kItems * (place(sizeof(IiAP2MediaItem)) + place(sizeof(MediaItemMask)));
+    return (bytes + EntryMemory::kBlockBytes - 1) / EntryMemory::kBlockBytes;
+}
+
+TEST(Allocation, OfItemsIsOnePerBlockAndTwoCountsPerItem) {
+    Words words = Words().i32(0).i32(kItems);
+    for (size_t i = 0; i < kItems; ++i)
+        words.i32(0).i32(MediaItemMask::kRating).i32(5);
+    const int countsOfItems = 2 * static_cast<int>(kItems);
+    const int blocks = static_cast<int>(blocksOfItems());
+    EXPECT_LT(blocks, 5) << "a hundred items lie together";
+    EXPECT_EQ(2 * kObject + countsOfItems + blocks, allocationsToRead<IiAP2MediaLibData>(words));
 }
 
 }  // namespace

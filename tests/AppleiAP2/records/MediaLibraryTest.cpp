@@ -241,6 +241,25 @@ TEST(MediaLibrary, UpdateLogsEveryWriteThatFailsAndGoesOn) {
     EXPECT_THAT(log.lines(), testing::Each(LoggedStatusCheck("IAppleiAP2Manager", "writeToParcel")));
 }
 
+/// Writes @p entry, whose one text is null.
+template <typename Entry>
+Words writtenWithoutItsText(const sp<Entry>& entry) {
+    const LogCatcher log;
+    Parcel parcel;
+    entry->writeToParcel(&parcel);
+    EXPECT_THAT(log.lines(), testing::ElementsAre(LoggedStatusCheck("IAppleiAP2Manager", "writeToParcel")));
+    return wordsOf(parcel);
+}
+
+TEST(MediaLibrary, ANullTextOfAnEntryIsLoggedAndTheNextFieldIsWritten) {
+    const sp<IiAP2MediaItem> item = new IiAP2MediaItem;
+    item->setTitle(nullptr).setMediaType(3);
+    EXPECT_EQ(Words().i32(0x6).i32(3), writtenWithoutItsText(item));
+    const sp<IiAP2MediaPlaylist> playlist = new IiAP2MediaPlaylist;
+    playlist->setName(nullptr).setIsGeniusMix(1);
+    EXPECT_EQ(Words().i32(0xa).i32(1), writtenWithoutItsText(playlist));
+}
+
 TEST(MediaLibrary, UpdateRequestStartsEmpty) {
     const sp<MediaLibUpdateInfo> info = new MediaLibUpdateInfo;
     EXPECT_EQ(nullptr, info->mFirstText);

@@ -67,9 +67,11 @@ TEST(ItemAttribute, ReadsANegativeLengthAsANullString) {
 
 TEST(MediaPlayback, LeavesANullStringOutWithoutAWord) {
     const LogCatcher log;
-    sp<IiAP2MediaPlayback> record = new IiAP2MediaPlayback;
-    record->mMask->mask = 0x80;
-    EXPECT_EQ(Words().i32(0x80), written(record));
+    for (const int bit : {7, 8, 10, 16}) {
+        sp<IiAP2MediaPlayback> record = new IiAP2MediaPlayback;
+        record->mMask->mask = 1u << bit;
+        EXPECT_EQ(Words().i32(1 << bit), written(record)) << bit;
+    }
     EXPECT_THAT(log.lines(), IsEmpty());
 }
 

@@ -67,6 +67,34 @@ TEST(RouteGuidance, AnEmptyIdentifierArrayIsItsCountAlone) {
     EXPECT_EQ(6, read->getRouteGuidanceState());
 }
 
+/// A count of 0 for @p bit, and a field behind it, read back as no array and that field.
+template <typename Record, typename Count, typename Entry, typename Next>
+void expectEmptyArray(int bit, Count (Record::*count)() const, const Entry* (Record::*data)() const,
+                      Next (Record::*next)() const, int nextBit) {
+    const LogCatcher log;
+    const auto read = received<Record>(Words().i32(1 << bit | 1 << nextBit).i32(0).i32(6));
+    ASSERT_NE(nullptr, read) << bit;
+    EXPECT_EQ(0u, ((*read).*count)()) << bit;
+    EXPECT_EQ(nullptr, ((*read).*data)()) << bit;
+    EXPECT_EQ(6, ((*read).*next)()) << bit;
+    EXPECT_THAT(log.lines(), testing::Not(testing::Contains(LoggedStatusCheck(kTag, "FromParcel"))));
+}
+
+TEST(RouteGuidance, AnEmptyArrayOfAnyRecordReadsBackAsNone) {
+    using Route = IRouteGuidaceUpdateInfo;
+    expectEmptyArray<Route>(13, &Route::getRouteGuidanceManeuverInCurrentListCnt,
+                            &Route::getRouteGuidanceManeuverCurrentList,
+                            &Route::getRouteGuidanceManeuverCount, 14);
+    using Maneuver = IRuoteGuidanceManeuverUpdateInfo;
+    expectEmptyArray<Maneuver>(0, &Maneuver::getRouteGuidanceDisplayComponentIDCnt,
+                               &Maneuver::getRouteGuidanceDisplayComponentID, &Maneuver::getIndex, 1);
+    expectEmptyArray<Maneuver>(10, &Maneuver::getJunctionElementAngelCnt, &Maneuver::getJunctionElementAngel,
+                               &Maneuver::getJunctionElementExitAngel, 11);
+    using Lanes = ILaneGuidanceInformation;
+    expectEmptyArray<Lanes>(0, &Lanes::getRouteGuidanceDisplayComponentIDCnt,
+                            &Lanes::getRouteGuidanceDisplayComponentID, &Lanes::getLaneGuidanceIndex, 1);
+}
+
 TEST(RouteGuidance, ANullDistanceToTheNextManeuverStopsTheWriting) {
     const auto record = RouteGuidanceSample::filled();
     record->mMask = 0x3ffc00;
