@@ -37,7 +37,7 @@ class MediaApplication : public accessory::AppleiAP2ManagerNotifierAdapter {
 
     int mediaLibInfoUpdate(unsigned int accId, const char* name, const char* uid,
                            accessory::MediaLibType /*type*/) override {
-        printf("its library is '%s'\n", name);
+        printf("its library is '%s'\n", orNothing(name));
         sp<accessory::MediaLibUpdateInfo> whole = new accessory::MediaLibUpdateInfo;
         whole->mFirstText = uid;
         mManager.startMediaLibUpdates(accId, whole);
