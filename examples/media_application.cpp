@@ -4,6 +4,7 @@
 #include <cinttypes>
 #include <mutex>
 
+#include "Enumerators.h"
 #include "ManagerConnection.h"
 
 using accessory::IAppleiAP2Manager;
@@ -14,8 +15,6 @@ namespace {
 using Attributes = accessory::iAP2ItemAttributeMask;
 using Playback = accessory::iAP2MediaPlaybackMask;
 
-/// The transport that the head unit's phones are plugged into. What the numbers mean is the service's to say.
-constexpr auto kUsb = static_cast<accessory::AppleiAP2TransportMode>(0);
 constexpr int kRinging = 2;
 constexpr int kActive = 4;
 
@@ -103,7 +102,7 @@ int main() {
     if (!connection.listen(application)) return 1;
     for (const unsigned int phone : connection.phones())
         application->attach(phone);
-    connection.manager().startup(kUsb);
+    connection.manager().startup(accessory::kTransportUSBHost);
     const bool inGoodOrder = connection.waitForTheEnd();
     printf(inGoodOrder ? "bye\n" : "the service has ended\n");
     return 0;
