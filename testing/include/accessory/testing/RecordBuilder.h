@@ -27,6 +27,8 @@ class Text {
     Text(const char* text) {
         if (text != nullptr) mText = text;
     }
+
+    /// @param text copied.
     // NOLINTNEXTLINE(google-explicit-constructor): likewise
     Text(const std::string& text) : mText(text) {}
 
