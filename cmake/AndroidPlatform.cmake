@@ -22,8 +22,16 @@ function(accessory_import_android name library)
   set_target_properties(android::${name} PROPERTIES
     IMPORTED_LOCATION "${library}"
     INTERFACE_INCLUDE_DIRECTORIES "${ANDROID_INCLUDE_DIR}")
-  # libutils itself needs neighbours of its folder that nobody here names (libbacktrace, libcutils).
-  target_link_options(android::${name} INTERFACE "LINKER:-rpath,${folder}" "LINKER:-rpath-link,${folder}")
+  # libutils itself needs neighbours of its folder that nobody here names (libbacktrace, libcutils). What is below a
+  # sysroot here is below the root there.
+  set(folder_there "${folder}")
+  if(CMAKE_SYSROOT)
+    file(RELATIVE_PATH below "${CMAKE_SYSROOT}" "${folder}")
+    if(NOT below MATCHES "^\\.\\.")
+      set(folder_there "/${below}")
+    endif()
+  endif()
+  target_link_options(android::${name} INTERFACE "LINKER:-rpath,${folder_there}" "LINKER:-rpath-link,${folder}")
 endfunction()
 accessory_import_android(utils "${ANDROID_UTILS_LIBRARY}")
 accessory_import_android(log "${ANDROID_LOG_LIBRARY}")

@@ -38,8 +38,15 @@ if(ACCESSORY_BINDER STREQUAL "system")
   get_filename_component(accessory_pc_binder_folder "${ANDROID_BINDER_LIBRARY}" DIRECTORY)
 endif()
 get_filename_component(accessory_android_library_folder "${ANDROID_UTILS_LIBRARY}" DIRECTORY)
-# As the prefix may be another one with 'cmake --install --prefix', the file finds it from where it lies itself.
-string(REGEX REPLACE "[^/]+" ".." accessory_prefix_from_package "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+# As the prefix may be another one with 'cmake --install --prefix', the file finds it from where it lies itself. That of
+# a package is known, and the loader looks into its library folder anyway.
+string(REGEX REPLACE "[^/]+" ".." accessory_pc_prefix "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+set(accessory_pc_prefix "\${pcfiledir}/${accessory_pc_prefix}")
+set(accessory_pc_rpath " -Wl,-rpath,\${libdir}")
+if(ACCESSORY_PACKAGES)
+  set(accessory_pc_prefix "${CMAKE_INSTALL_PREFIX}")
+  set(accessory_pc_rpath "")
+endif()
 configure_file(cmake/accessory.pc.in "${PROJECT_BINARY_DIR}/accessory.pc" @ONLY)
 install(FILES "${PROJECT_BINARY_DIR}/accessory.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
 

@@ -15,14 +15,22 @@
 
 namespace examples {
 
-/// Blocks the signals that end the program, for this thread and all that it starts later; ManagerConnection
-/// waits for them. To be called first in main().
+constexpr int kServiceHasEnded = SIGUSR1;
+
+/// The signals that end the program: those of the user, and its own.
+inline sigset_t ends() {
+    sigset_t signals;
+    sigemptyset(&signals);
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP, kServiceHasEnded})
+        sigaddset(&signals, signal);
+    return signals;
+}
+
+/// Blocks them, for this thread and all that it starts later; ManagerConnection waits for them. To be called
+/// first in main().
 inline void endOnRequest() {
-    sigset_t ends;
-    sigemptyset(&ends);
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP})
-        sigaddset(&ends, signal);
-    pthread_sigmask(SIG_BLOCK, &ends, nullptr);
+    const sigset_t signals = ends();
+    pthread_sigmask(SIG_BLOCK, &signals, nullptr);
 }
 
 class ManagerConnection {
@@ -41,8 +49,9 @@ class ManagerConnection {
     accessory::IAppleiAP2Manager& manager() const { return *mManager; }
 
     /// Registers @p events, which hears of everything from now on.
+    /// @return false when the service has ended or refuses.
     bool listen(const android::sp<accessory::AppleiAP2ManagerNotifierImplItf>& events) {
-        mService->linkToDeath(mEndOfService);
+        if (mService->linkToDeath(mEndOfService) != android::NO_ERROR) return false;
         return mManager->setNotifier(new accessory::BnAppleiAP2ManagerNotifier(events)) == 0;
     }
 
@@ -58,20 +67,19 @@ class ManagerConnection {
     /// Returns when the program was asked to end, and then deregisters, or when the service has ended.
     /// @return whether the service still lives.
     bool waitForTheEnd() {
-        sigset_t ends;
-        sigemptyset(&ends);
-        for (const int signal : {SIGINT, SIGTERM, SIGHUP})
-            sigaddset(&ends, signal);
+        const sigset_t signals = ends();
         int signal = 0;
-        sigwait(&ends, &signal);
-        if (!mService->isBinderAlive()) return false;
+        sigwait(&signals, &signal);
+        if (signal == kServiceHasEnded) return false;
         mManager->clearNotifier();
         return true;
     }
 
   private:
     class EndOfService : public android::IBinder::DeathRecipient {
-        void binderDied(const android::wp<android::IBinder>& /*who*/) override { kill(getpid(), SIGHUP); }
+        void binderDied(const android::wp<android::IBinder>& /*who*/) override {
+            kill(getpid(), kServiceHasEnded);
+        }
     };
 
     const android::sp<android::IBinder> mService;

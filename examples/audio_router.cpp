@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <mutex>
 
+#include "Enumerators.h"
 #include "ManagerConnection.h"
 
 using accessory::IAppleiAP2Manager;
@@ -14,8 +15,6 @@ using android::sp;
 
 namespace {
 
-/// The transport that the head unit's phones are plugged into. What the numbers mean is the service's to say.
-constexpr auto kUsb = static_cast<accessory::AppleiAP2TransportMode>(0);
 constexpr unsigned int kVolume = 60;
 
 /// Has the phones offer their audio: each becomes an endpoint of the audio manager.
@@ -94,7 +93,7 @@ int main() {
     if (!connection.listen(phones)) return 1;
     for (const unsigned int phone : connection.phones())
         phones->attach(phone);
-    connection.manager().startup(kUsb);
+    connection.manager().startup(accessory::kTransportUSBHost);
     const bool inGoodOrder = connection.waitForTheEnd();
     if (inGoodOrder) audio->clearNotifier();
     printf(inGoodOrder ? "bye\n" : "the service has ended\n");

@@ -4,6 +4,7 @@
 #include <cinttypes>
 #include <mutex>
 
+#include "Enumerators.h"
 #include "ManagerConnection.h"
 
 using accessory::IAppleiAP2Manager;
@@ -14,8 +15,6 @@ namespace {
 using Attributes = accessory::iAP2ItemAttributeMask;
 using Playback = accessory::iAP2MediaPlaybackMask;
 
-/// The transport that the head unit's phones are plugged into. What the numbers mean is the service's to say.
-constexpr auto kUsb = static_cast<accessory::AppleiAP2TransportMode>(0);
 constexpr int kRinging = 2;
 constexpr int kActive = 4;
 
@@ -37,7 +36,7 @@ class MediaApplication : public accessory::AppleiAP2ManagerNotifierAdapter {
 
     int mediaLibInfoUpdate(unsigned int accId, const char* name, const char* uid,
                            accessory::MediaLibType /*type*/) override {
-        printf("its library is '%s'\n", name);
+        printf("its library is '%s'\n", orNothing(name));
         sp<accessory::MediaLibUpdateInfo> whole = new accessory::MediaLibUpdateInfo;
         whole->mFirstText = uid;
         mManager.startMediaLibUpdates(accId, whole);
@@ -103,7 +102,7 @@ int main() {
     if (!connection.listen(application)) return 1;
     for (const unsigned int phone : connection.phones())
         application->attach(phone);
-    connection.manager().startup(kUsb);
+    connection.manager().startup(accessory::kTransportUSBHost);
     const bool inGoodOrder = connection.waitForTheEnd();
     printf(inGoodOrder ? "bye\n" : "the service has ended\n");
     return 0;

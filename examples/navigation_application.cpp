@@ -35,10 +35,8 @@ class NavigationDisplay : public accessory::AppleiAP2ManagerNotifierAdapter {
         const std::lock_guard<std::mutex> guard(mLock);
         if ((mask & Route::kDestinationName) != 0) showIfNew("to", info->getDestinationName(), &mDestination);
         if ((mask & Route::kCurrentRoadName) != 0) showIfNew("on", info->getCurrentRoadName(), &mRoad);
-        const char* const distance = info->getDistanceToNextManeuverDisplayStr();
-        if ((mask & Route::kDistanceToNextManeuverDisplayStr) != 0 && *distance != '\0') {
-            printf("in %s: %s\n", distance, nextManeuver(*info).c_str());
-        }
+        const std::string distance = textOf(info->getDistanceToNextManeuverDisplayStr());
+        if (!distance.empty()) printf("in %s: %s\n", distance.c_str(), nextManeuver(*info).c_str());
         return 0;
     }
 
@@ -46,7 +44,7 @@ class NavigationDisplay : public accessory::AppleiAP2ManagerNotifierAdapter {
                                      const sp<accessory::RuoteGuidanceManeuverUpdateInfo>& info) override {
         const std::lock_guard<std::mutex> guard(mLock);
         if ((info->getMask() & Maneuver::kManeuverDescription) != 0) {
-            mManeuvers[info->getIndex()] = info->getManeuverDescription();
+            mManeuvers[info->getIndex()] = textOf(info->getManeuverDescription());
         }
         return 0;
     }
@@ -54,7 +52,8 @@ class NavigationDisplay : public accessory::AppleiAP2ManagerNotifierAdapter {
     int LaneGuidanceInformation(unsigned int /*accId*/,
                                 const sp<accessory::LaneGuidanceInfo>& info) override {
         if ((info->getMask() & Lanes::kLaneGuidanceDescription) == 0) return 0;
-        printf("%u lanes: %s\n", info->getLaneInformationCnt(), info->getLaneGuidanceDescription());
+        printf("%u lanes: %s\n", info->getLaneInformationCnt(),
+               textOf(info->getLaneGuidanceDescription()).c_str());
         return 0;
     }
 
@@ -63,11 +62,14 @@ class NavigationDisplay : public accessory::AppleiAP2ManagerNotifierAdapter {
     using Maneuver = accessory::IRuoteGuidanceManeuverUpdateInfo;
     using Lanes = accessory::ILaneGuidanceInformation;
 
+    /// A text may be null although its bit is set.
+    static std::string textOf(const char* text) { return text != nullptr ? text : ""; }
+
     /// Updates repeat what has not changed.
     static void showIfNew(const char* word, const char* text, std::string* shown) {
-        if (*shown == text) return;
-        *shown = text;
-        if (!shown->empty()) printf("%s %s\n", word, text);
+        if (*shown == textOf(text)) return;
+        *shown = textOf(text);
+        if (!shown->empty()) printf("%s %s\n", word, shown->c_str());
     }
 
     std::string nextManeuver(const accessory::RouteGuidaceUpdateInfo& info) {

@@ -1,12 +1,14 @@
-// A service with events: one USB audio endpoint that every Enter plugs in or out, which all clients are told.
+// A service with events: one USB audio endpoint that startup() plugs in and shutdown() out, of which all
+// clients are told.
 #include <accessory/IAppleUSBAudioManager.h>
 #include <binder/IPCThreadState.h>
 #include <binder/IServiceManager.h>
-#include <binder/ProcessState.h>
 
 #include <atomic>
 #include <cstdio>
 #include <cstring>
+
+#include "EventQueue.h"
 
 using accessory::IAppleUSBAudioManager;
 using android::sp;
@@ -25,11 +27,8 @@ class OneEndpoint : public accessory::AppleUSBAudioManagerImplItf {
         return 0;
     }
 
-    /// No lock of this service is held while clients are called: one of them may call back.
-    int plug() {
-        mPluggedIn = !mPluggedIn;
-        return mPluggedIn ? mClients->attach(kEndpoint) : mClients->detach(kEndpoint);
-    }
+    int startup() override { return plug(true); }
+    int shutdown() override { return plug(false); }
 
     int getIds(unsigned int* ids, unsigned int* count) override {
         ids[0] = kEndpoint;
@@ -41,8 +40,6 @@ class OneEndpoint : public accessory::AppleUSBAudioManagerImplItf {
     int pause(unsigned int endpoint) override { return is(endpoint, "pauses"); }
     int start(unsigned int endpoint) override { return is(endpoint, "starts"); }
     int stop(unsigned int endpoint) override { return is(endpoint, "stops"); }
-    int startup() override { return 0; }
-    int shutdown() override { return 0; }
     int setSampleRate(unsigned int /*endpoint*/, unsigned int /*hertz*/) override { return 0; }
     int setVolume(unsigned int /*endpoint*/, unsigned int /*percent*/) override { return 0; }
 
@@ -52,6 +49,16 @@ class OneEndpoint : public accessory::AppleUSBAudioManagerImplItf {
     }
 
   private:
+    /// Called by requests, which must not raise events themselves. No lock of this service is held while
+    /// clients are called: one of them may call back.
+    int plug(bool in) {
+        mEvents.put([this, in] {
+            if (mPluggedIn.exchange(in) == in) return;
+            in ? mClients->attach(kEndpoint) : mClients->detach(kEndpoint);
+        });
+        return 0;
+    }
+
     int is(unsigned int endpoint, const char* what) {
         if (endpoint != kEndpoint || !mPluggedIn) return android::NAME_NOT_FOUND;
         printf("endpoint %u %s\n", endpoint, what);
@@ -60,6 +67,7 @@ class OneEndpoint : public accessory::AppleUSBAudioManagerImplItf {
 
     sp<accessory::AppleUSBAudioManagerNotifierItf> mClients;
     std::atomic<bool> mPluggedIn{false};
+    examples::EventQueue mEvents;  // the last: its thread ends before what it uses
 };
 
 }  // namespace
@@ -73,9 +81,6 @@ int main() {
         fprintf(stderr, "usb_audio_service: the service cannot be published: %s\n", strerror(-status));
         return 1;
     }
-    android::ProcessState::self()->startThreadPool();
-    printf("press Enter to plug the endpoint in, and again to plug it out\n");
-    while (getchar() != EOF)
-        endpoint->plug();
+    printf("serving accessory.AppleUSBAudioManager\n");
     android::IPCThreadState::self()->joinThreadPool();
 }

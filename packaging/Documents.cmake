@@ -1,4 +1,4 @@
-# What every package has below share/doc: copyright and changelogs; lintian's overrides; the examples of libaccessory-dev.
+# What every package has below share/doc: copyright and changelogs; lintian's overrides; guides and examples of libaccessory-dev.
 find_program(GZIP gzip REQUIRED)
 
 # accessory_compress(<file> <target>): writes <target> so that it is the same whenever it is made.
@@ -24,5 +24,8 @@ accessory_install_documents(library ${library_package})
 accessory_install_documents(development libaccessory-dev)
 accessory_install_documents(tools accessory-tools)
 
-install(DIRECTORY "${PROJECT_SOURCE_DIR}/examples/" DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/libaccessory-dev/examples"
-        FILES_MATCHING PATTERN "*.cpp" PATTERN "*.h" PATTERN demo EXCLUDE)
+include(Pages.cmake)
+foreach(file ${packaged_pages} ${packaged_beside_pages})
+  get_filename_component(folder "${file}" DIRECTORY)
+  install(FILES "${PROJECT_SOURCE_DIR}/${file}" DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/libaccessory-dev/${folder}")
+endforeach()

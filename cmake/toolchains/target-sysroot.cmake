@@ -2,7 +2,8 @@
 #
 #   cmake -S . -B build/target -G Ninja -DCMAKE_TOOLCHAIN_FILE=cmake/toolchains/target-sysroot.cmake
 #         -DTARGET_SYSROOT=/opt/target/sysroot -DTARGET_TRIPLET=aarch64-linux-gnu
-#         -DACCESSORY_BINDER=system -DACCESSORY_TESTS=OFF -DACCESSORY_BENCHMARKS=OFF -DACCESSORY_TOOLS=OFF
+#         -DACCESSORY_BINDER=system -DACCESSORY_TOOLS=OFF
+#         -DACCESSORY_TESTS=OFF -DACCESSORY_TESTING=OFF -DACCESSORY_BENCHMARKS=OFF
 #
 # Looked for below the sysroot are, in the usual folders or a folder 'android' in them:
 #   headers    utils/RefBase.h, android/log.h, binder/Parcel.h

@@ -14,7 +14,8 @@ class Screen : public accessory::AppleiAP2ManagerNotifierAdapter {
     std::string title;
     int nowPlayingUpdate(unsigned int, const sp<accessory::iAP2ItemAttribute>& item,
                          const sp<accessory::iAP2MediaPlayback>&) override {
-        if ((item->getMask() & accessory::iAP2ItemAttributeMask::kTitle) != 0) title = item->getTitle();
+        if (item == nullptr || (item->getMask() & accessory::iAP2ItemAttributeMask::kTitle) == 0) return 0;
+        title = item->getTitle() != nullptr ? item->getTitle() : "";
         return 0;
     }
 };
@@ -49,6 +50,14 @@ TEST_F(ScreenTest, KeepsTheTitleWhenSomethingElseChanges) {
                                            kit::MediaPlayback());
     service->broadcaster->nowPlayingUpdate(1, kit::ItemAttribute().isLiked(1), kit::MediaPlayback());
     EXPECT_EQ(screen->title, "First Light");
+}
+
+TEST_F(ScreenTest, IsEmptyWhileThePlayerHasNoTitle) {
+    ASSERT_TRUE(follow(pair.proxy(), 1, screen));
+    service->broadcaster->nowPlayingUpdate(1, kit::ItemAttribute().title("First Light"),
+                                           kit::MediaPlayback());
+    service->broadcaster->nowPlayingUpdate(1, kit::ItemAttribute().title(nullptr), kit::MediaPlayback());
+    EXPECT_EQ(screen->title, "");
 }
 
 TEST_F(ScreenTest, AsksForTheTitleAndNothingElse) {

@@ -60,6 +60,19 @@ TEST(Examples, SmallestClientSaysThatThereIsNoService) {
     EXPECT_THAT(client.output(), HasSubstr("no accessory service here; start accessory_service first\n"));
 }
 
+TEST(Examples, ServiceWithEventsTellsItsClientsWhatARequestHasChanged) {
+    Example service("usb_audio_service");
+    ASSERT_TRUE(service.says("serving accessory.AppleUSBAudioManager\n"));
+    Process client(ACCESSORYCTL, {"watch", "attach", "--count", "1"});
+    ASSERT_TRUE(client.says("watching accessory.AppleUSBAudioManager")) << client.output();
+    for (int time = 0; time < 2; ++time) {
+        EXPECT_EQ(Process(ACCESSORYCTL, {"call", "AppleUSBAudioManager.startup"}).wait(), 0);
+    }
+    EXPECT_TRUE(client.says("IAppleUSBAudioManagerNotifier.attach accessoryId=1")) << client.output();
+    EXPECT_EQ(client.wait(), 0);
+    EXPECT_EQ(Process(ACCESSORYCTL, {"call", "AppleUSBAudioManager.play", "1"}).wait(), 0);
+}
+
 /// The commute, twelve times as fast as life. Its timeline begins when an application starts the phones up.
 class OnTheWay : public testing::Test {
   protected:
@@ -71,6 +84,24 @@ class OnTheWay : public testing::Test {
 TEST_F(OnTheWay, NowPlayingShowsTheTitle) {
     Example example("now_playing");
     example.expectLines({"phone 1 plays First Light"});
+}
+
+TEST(Examples, NowPlayingAsksAPhoneThatComesLater) {
+    Process simulator({LATE_PHONE, "--speed", "5"});
+    ASSERT_TRUE(simulator.ready()) << simulator.output();
+    Example example("now_playing");
+    example.expectLines({"phone 2 plays Ring Road"});
+}
+
+TEST(Examples, ReturningClientAsksPhonesOfTheNextServiceToo) {
+    Example client("returning_client");
+    Process first({LATE_PHONE, "--speed", "5"});
+    client.expectLines({"phone 1 is at 62 %", "phone 2 is at 80 %"});
+    first.signal(SIGKILL);
+    EXPECT_EQ(first.wait(), kKilled);
+    client.expectLines({"the service has ended; waiting for the next"});
+    Process second({TWO_PHONES});
+    client.expectLines({"phone 1 is at 80 %"});
 }
 
 TEST_F(OnTheWay, MediaApplicationShowsMusicLibraryAndCallAndLeavesInGoodOrder) {

@@ -30,6 +30,12 @@ TEST(Builders, OwnTheTextsOfWhatTheyBuilt) {
     EXPECT_STREQ(playback->getAppName(), "a name that is far too long to lie within a std::string itself");
 }
 
+TEST(Builders, SetANullTextWithItsBit) {
+    const sp<iAP2ItemAttribute> item = ItemAttribute().title("First Light").title(nullptr);
+    EXPECT_EQ(item->getMask(), iAP2ItemAttributeMask::kTitle);
+    EXPECT_EQ(item->getTitle(), nullptr);
+}
+
 TEST(Builders, BuildEachRecord) {
     const sp<iAP2PowerUpdate> power = PowerUpdate().chargeLevel(80);
     EXPECT_EQ(toString(*power), "iAP2PowerUpdate{chargeLevel: 80}");

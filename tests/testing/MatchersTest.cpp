@@ -1,6 +1,7 @@
 // The matchers of records: what they match, and what they say when they do not.
 #include <accessory/testing/MediaLibraryBuilders.h>
 #include <accessory/testing/NowPlayingBuilders.h>
+#include <accessory/testing/PowerBuilders.h>
 #include <accessory/testing/RecordMatchers.h>
 #include <accessory/testing/RouteGuidanceBuilders.h>
 
@@ -32,6 +33,15 @@ TEST(FieldMatchers, MatchTextsAndNumbersByValueOrMatcher) {
     EXPECT_THAT(kSong, HasDurationInMillSec(41000));
     EXPECT_THAT(kSong, HasDurationInMillSec(Gt(40000)));
     EXPECT_THAT(*kSong, HasArtist("Clara Holm"));
+}
+
+TEST(FailedMatchers, ShowTheRecordAndNotItsBytes) {
+    EXPECT_EQ(testing::PrintToString(kSong),
+              "iAP2ItemAttribute{title: \"First Light\", durationInMillSec: 41000, artist: \"Clara Holm\"}");
+    EXPECT_EQ(testing::PrintToString(*kSong), testing::PrintToString(kSong));
+    const sp<IiAP2PowerUpdate> power = PowerUpdate().chargeLevel(80).build();
+    EXPECT_EQ(testing::PrintToString(power), "iAP2PowerUpdate{chargeLevel: 80}");
+    EXPECT_EQ(testing::PrintToString(Item()), "null");
 }
 
 TEST(FieldMatchers, MatchTheFieldOfThatNameInEveryRecord) {

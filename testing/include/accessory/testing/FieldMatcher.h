@@ -1,10 +1,7 @@
 // FieldMatcher: what the matchers of single fields in <accessory/testing/RecordMatchers.h> are made of.
 #pragma once
 
-#include <accessory/MediaLibraryRecords.h>
-#include <accessory/NowPlayingRecords.h>
-#include <accessory/PowerRecords.h>
-#include <accessory/RouteGuidanceRecords.h>
+#include <accessory/testing/RecordPrinters.h>
 #include <gmock/gmock.h>
 
 #include <optional>

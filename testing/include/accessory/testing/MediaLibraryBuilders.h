@@ -17,26 +17,24 @@ class MediaItem : public RecordBuilder<IiAP2MediaItem> {
     /// Sets the record's field of that name, and marks it present. Arrays and texts are copied.
     /// @return this builder, for the next field.
     MediaItem& id(uint64_t value) { return set(this, &Record::setId, value); }
-    MediaItem& title(const std::string& value) { return set(this, &Record::setTitle, text(value)); }
+    MediaItem& title(const Text& value) { return set(this, &Record::setTitle, text(value)); }
     MediaItem& mediaType(int32_t value) { return set(this, &Record::setMediaType, value); }
     MediaItem& rating(int32_t value) { return set(this, &Record::setRating, value); }
     MediaItem& playbackDuration(int32_t value) { return set(this, &Record::setPlaybackDuration, value); }
     MediaItem& albumId(uint64_t value) { return set(this, &Record::setAlbumId, value); }
-    MediaItem& albumTitle(const std::string& value) { return set(this, &Record::setAlbumTitle, text(value)); }
+    MediaItem& albumTitle(const Text& value) { return set(this, &Record::setAlbumTitle, text(value)); }
     MediaItem& albumTrackNumber(int32_t value) { return set(this, &Record::setAlbumTrackNumber, value); }
     MediaItem& albumTrackCount(int32_t value) { return set(this, &Record::setAlbumTrackCount, value); }
     MediaItem& albumDiscNumber(int32_t value) { return set(this, &Record::setAlbumDiscNumber, value); }
     MediaItem& albumDiscCount(int32_t value) { return set(this, &Record::setAlbumDiscCount, value); }
     MediaItem& artistId(uint64_t value) { return set(this, &Record::setArtistId, value); }
-    MediaItem& artist(const std::string& value) { return set(this, &Record::setArtist, text(value)); }
+    MediaItem& artist(const Text& value) { return set(this, &Record::setArtist, text(value)); }
     MediaItem& albumArtistId(uint64_t value) { return set(this, &Record::setAlbumArtistId, value); }
-    MediaItem& albumArtist(const std::string& value) {
-        return set(this, &Record::setAlbumArtist, text(value));
-    }
+    MediaItem& albumArtist(const Text& value) { return set(this, &Record::setAlbumArtist, text(value)); }
     MediaItem& genreId(uint64_t value) { return set(this, &Record::setGenreId, value); }
-    MediaItem& genre(const std::string& value) { return set(this, &Record::setGenre, text(value)); }
+    MediaItem& genre(const Text& value) { return set(this, &Record::setGenre, text(value)); }
     MediaItem& composerId(uint64_t value) { return set(this, &Record::setComposerId, value); }
-    MediaItem& composer(const std::string& value) { return set(this, &Record::setComposer, text(value)); }
+    MediaItem& composer(const Text& value) { return set(this, &Record::setComposer, text(value)); }
     MediaItem& isPartOfCompilation(int32_t value) {
         return set(this, &Record::setIsPartOfCompilation, value);
     }
@@ -62,7 +60,7 @@ class MediaPlaylist : public RecordBuilder<IiAP2MediaPlaylist> {
     /// Sets the record's field of that name, and marks it present. Arrays and texts are copied.
     /// @return this builder, for the next field.
     MediaPlaylist& id(uint64_t value) { return set(this, &Record::setId, value); }
-    MediaPlaylist& name(const std::string& value) { return set(this, &Record::setName, text(value)); }
+    MediaPlaylist& name(const Text& value) { return set(this, &Record::setName, text(value)); }
     MediaPlaylist& parentId(uint64_t value) { return set(this, &Record::setParentId, value); }
     MediaPlaylist& isGeniusMix(int32_t value) { return set(this, &Record::setIsGeniusMix, value); }
     MediaPlaylist& isFolder(int32_t value) { return set(this, &Record::setIsFolder, value); }
@@ -110,10 +108,8 @@ class MediaLibUpdate : public RecordBuilder<IiAP2MediaLibData> {
 
     /// Sets the record's field of that name, and marks it present. Arrays and texts are copied.
     /// @return this builder, for the next field.
-    MediaLibUpdate& id(const std::string& value) { return set(this, &Record::setId, text(value)); }
-    MediaLibUpdate& revision(const std::string& value) {
-        return set(this, &Record::setRevision, text(value));
-    }
+    MediaLibUpdate& id(const Text& value) { return set(this, &Record::setId, text(value)); }
+    MediaLibUpdate& revision(const Text& value) { return set(this, &Record::setRevision, text(value)); }
     MediaLibUpdate& entry(const android::sp<iAP2MediaLibGroupData>& value) {
         return set(this, &Record::addGroupData, value);
     }

@@ -10,6 +10,7 @@
 
 #include <accessory/AppleiAP2ManagerImplItf.h>
 #include <accessory/IAppleiAP2Manager.h>
+#include <accessory/testing/RecordPrinters.h>
 #include <gmock/gmock.h>
 
 #include <string>

@@ -4,6 +4,7 @@
 
 #include <accessory/AppleiAP2ManagerNotifier.h>
 #include <accessory/IAppleiAP2ManagerNotifier.h>
+#include <accessory/testing/RecordPrinters.h>
 #include <gmock/gmock.h>
 
 #include <string>

@@ -17,20 +17,18 @@ class ItemAttribute : public RecordBuilder<IiAP2ItemAttribute> {
     /// Sets the record's field of that name, and marks it present. Arrays and texts are copied.
     /// @return this builder, for the next field.
     ItemAttribute& id(uint64_t value) { return set(this, &Record::setID, value); }
-    ItemAttribute& title(const std::string& value) { return set(this, &Record::setTitle, text(value)); }
+    ItemAttribute& title(const Text& value) { return set(this, &Record::setTitle, text(value)); }
     ItemAttribute& durationInMillSec(int32_t value) {
         return set(this, &Record::setDurationInMillSec, value);
     }
-    ItemAttribute& albumTitle(const std::string& value) {
-        return set(this, &Record::setAlbumTitle, text(value));
-    }
+    ItemAttribute& albumTitle(const Text& value) { return set(this, &Record::setAlbumTitle, text(value)); }
     ItemAttribute& albumTrackNum(int32_t value) { return set(this, &Record::setAlbumTrackNum, value); }
     ItemAttribute& albumTrackCount(int32_t value) { return set(this, &Record::setAlbumTrackCount, value); }
     ItemAttribute& albumDiskNum(int32_t value) { return set(this, &Record::setAlbumDiskNum, value); }
     ItemAttribute& albumDiskCount(int32_t value) { return set(this, &Record::setAlbumDiskCount, value); }
-    ItemAttribute& artist(const std::string& value) { return set(this, &Record::setArtist, text(value)); }
-    ItemAttribute& genre(const std::string& value) { return set(this, &Record::setGenre, text(value)); }
-    ItemAttribute& composer(const std::string& value) { return set(this, &Record::setComposer, text(value)); }
+    ItemAttribute& artist(const Text& value) { return set(this, &Record::setArtist, text(value)); }
+    ItemAttribute& genre(const Text& value) { return set(this, &Record::setGenre, text(value)); }
+    ItemAttribute& composer(const Text& value) { return set(this, &Record::setComposer, text(value)); }
     ItemAttribute& isLikeSupported(int32_t value) { return set(this, &Record::setIsLikeSupported, value); }
     ItemAttribute& isBanSupported(int32_t value) { return set(this, &Record::setIsBanSupported, value); }
     ItemAttribute& isLiked(int32_t value) { return set(this, &Record::setIsLiked, value); }
@@ -60,12 +58,12 @@ class MediaPlayback : public RecordBuilder<IiAP2MediaPlayback> {
     }
     MediaPlayback& shuffMode(int32_t value) { return set(this, &Record::setShuffMode, value); }
     MediaPlayback& reapedMode(int32_t value) { return set(this, &Record::setReapedMode, value); }
-    MediaPlayback& appName(const std::string& value) { return set(this, &Record::setAppName, text(value)); }
-    MediaPlayback& libraryUniqueldID(const std::string& value) {
+    MediaPlayback& appName(const Text& value) { return set(this, &Record::setAppName, text(value)); }
+    MediaPlayback& libraryUniqueldID(const Text& value) {
         return set(this, &Record::setLibraryUniqueldID, text(value));
     }
     MediaPlayback& raidoAd(int32_t value) { return set(this, &Record::setRaidoAd, value); }
-    MediaPlayback& radioStationName(const std::string& value) {
+    MediaPlayback& radioStationName(const Text& value) {
         return set(this, &Record::setRadioStationName, text(value));
     }
     MediaPlayback& radioMediaPlayListID(uint64_t value) {
@@ -83,7 +81,7 @@ class MediaPlayback : public RecordBuilder<IiAP2MediaPlayback> {
     MediaPlayback& playbackQueueListTransferID(int32_t value) {
         return set(this, &Record::setPlaybackQueueListTransferID, value);
     }
-    MediaPlayback& playbackAppBundkeID(const std::string& value) {
+    MediaPlayback& playbackAppBundkeID(const Text& value) {
         return set(this, &Record::setPlaybackAppBundkeID, text(value));
     }
 

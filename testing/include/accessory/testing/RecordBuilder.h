@@ -6,15 +6,37 @@
 // records, which borrow their strings, a built one owns them.
 #pragma once
 
+#include <accessory/testing/RecordPrinters.h>
 #include <utils/RefBase.h>
 
 #include <cstdint>
 #include <deque>
+#include <optional>
 #include <string>
 #include <type_traits>
 #include <vector>
 
 namespace accessory::testkit {
+
+/// A text that a builder takes: a literal, a std::string, or null, which a receiver must expect although the
+/// bit is set.
+class Text {
+  public:
+    /// @param text may be null; copied.
+    // NOLINTNEXTLINE(google-explicit-constructor): a text is written where a text is expected
+    Text(const char* text) {
+        if (text != nullptr) mText = text;
+    }
+
+    /// @param text copied.
+    // NOLINTNEXTLINE(google-explicit-constructor): likewise
+    Text(const std::string& text) : mText(text) {}
+
+    const std::optional<std::string>& value() const { return mText; }  ///< nothing for null
+
+  private:
+    std::optional<std::string> mText;
+};
 
 /// Base of the builders.
 /// @tparam Parcelable the record that is built.
@@ -48,8 +70,10 @@ class RecordBuilder {
         return *self;
     }
 
-    /// A copy of @p value that lives as long as the record.
-    const char* text(const std::string& value) { return mRecord->texts.emplace_back(value).c_str(); }
+    /// A copy of @p given that lives as long as the record; null for null.
+    const char* text(const Text& given) {
+        return given.value() ? mRecord->texts.emplace_back(*given.value()).c_str() : nullptr;
+    }
 
   private:
     struct Owning : Parcelable {

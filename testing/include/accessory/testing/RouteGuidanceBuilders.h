@@ -24,10 +24,10 @@ class RouteGuidance : public RecordBuilder<IRouteGuidaceUpdateInfo> {
         return set(this, &Record::setRouteGuidanceState, value);
     }
     RouteGuidance& maneuverState(int32_t value) { return set(this, &Record::setManeuverState, value); }
-    RouteGuidance& currentRoadName(const std::string& value) {
+    RouteGuidance& currentRoadName(const Text& value) {
         return set(this, &Record::setCurrentRoadName, text(value));
     }
-    RouteGuidance& destinationName(const std::string& value) {
+    RouteGuidance& destinationName(const Text& value) {
         return set(this, &Record::setDestinationName, text(value));
     }
     RouteGuidance& eta(uint64_t value) { return set(this, &Record::setETA, value); }
@@ -37,7 +37,7 @@ class RouteGuidance : public RecordBuilder<IRouteGuidaceUpdateInfo> {
     RouteGuidance& disatnceRemaining(int32_t value) {
         return set(this, &Record::setDisatnceRemaining, value);
     }
-    RouteGuidance& distanceRemainingDisplayStr(const std::string& value) {
+    RouteGuidance& distanceRemainingDisplayStr(const Text& value) {
         return set(this, &Record::setDistanceRemainingDisplayStr, text(value));
     }
     RouteGuidance& distanceRemainingDisplayUints(int32_t value) {
@@ -46,7 +46,7 @@ class RouteGuidance : public RecordBuilder<IRouteGuidaceUpdateInfo> {
     RouteGuidance& distanceToNextManeuver(int32_t value) {
         return set(this, &Record::setDistanceToNextManeuver, value);
     }
-    RouteGuidance& distanceToNextManeuverDisplayStr(const std::string& value) {
+    RouteGuidance& distanceToNextManeuverDisplayStr(const Text& value) {
         return set(this, &Record::setDistanceToNextManeuverDisplayStr, text(value));
     }
     RouteGuidance& distanceToNextManeuverDisplayUnits(int32_t value) {
@@ -70,9 +70,7 @@ class RouteGuidance : public RecordBuilder<IRouteGuidaceUpdateInfo> {
     RouteGuidance& laneGuidanceBeingShownInApp(uint16_t value) {
         return set(this, &Record::setLaneGuidanceBeingShownInApp, value);
     }
-    RouteGuidance& sourceName(const std::string& value) {
-        return set(this, &Record::setSourceName, text(value));
-    }
+    RouteGuidance& sourceName(const Text& value) { return set(this, &Record::setSourceName, text(value)); }
     RouteGuidance& sourceSupportsRouteGuidance(uint16_t value) {
         return set(this, &Record::setSourceSupportsRouteGuidance, value);
     }
@@ -95,17 +93,17 @@ class Maneuver : public RecordBuilder<IRuoteGuidanceManeuverUpdateInfo> {
         return setList(this, &Record::setRouteGuidanceDisplayComponentID, values);
     }
     Maneuver& index(uint16_t value) { return set(this, &Record::setIndex, value); }
-    Maneuver& maneuverDescription(const std::string& value) {
+    Maneuver& maneuverDescription(const Text& value) {
         return set(this, &Record::setManeuverDescription, text(value));
     }
     Maneuver& maneuverType(int32_t value) { return set(this, &Record::setManeuverType, value); }
-    Maneuver& afterManeuverRoadName(const std::string& value) {
+    Maneuver& afterManeuverRoadName(const Text& value) {
         return set(this, &Record::setAfterManeuverRoadName, text(value));
     }
     Maneuver& distanceBetweenManeuver(int32_t value) {
         return set(this, &Record::setDistanceBetweenManeuver, value);
     }
-    Maneuver& distanceBetweenManeuverDisplayStr(const std::string& value) {
+    Maneuver& distanceBetweenManeuverDisplayStr(const Text& value) {
         return set(this, &Record::setDistanceBetweenManeuverDisplayStr, text(value));
     }
     Maneuver& distanceBetweenManeuverDisplayUnits(int32_t value) {
@@ -122,7 +120,7 @@ class Maneuver : public RecordBuilder<IRuoteGuidanceManeuverUpdateInfo> {
     Maneuver& linkedLaneGuidanceInformation(uint16_t value) {
         return set(this, &Record::setLinkedLaneGuidanceInformation, value);
     }
-    Maneuver& exitInfo(const std::string& value) { return set(this, &Record::setExitInfo, text(value)); }
+    Maneuver& exitInfo(const Text& value) { return set(this, &Record::setExitInfo, text(value)); }
 
     /// @}
 };
@@ -144,7 +142,7 @@ class LaneGuidance : public RecordBuilder<ILaneGuidanceInformation> {
     LaneGuidance& laneInformation(const std::vector<LaneInformation>& values) {
         return setList(this, &Record::setLaneInformation, values);
     }
-    LaneGuidance& laneGuidanceDescription(const std::string& value) {
+    LaneGuidance& laneGuidanceDescription(const Text& value) {
         return set(this, &Record::setLaneGuidanceDescription, text(value));
     }
 

@@ -1,0 +1,35 @@
+# Fails unless every link of the pages that libaccessory-dev carries leads to one of them, to something beside them, or
+# out into the net. <sources> is the project's folder.
+cmake_minimum_required(VERSION 3.25)
+include("${sources}/packaging/Pages.cmake")
+
+# links_of(<variable> <page>): without anchors. Code between fences has brackets of its own; brackets left over would
+# hold the list together.
+function(links_of variable page)
+  file(READ "${sources}/${page}" text)
+  string(REGEX REPLACE "```[^`]*```" "" text "${text}")
+  string(REPLACE "](" "@leads to:" text "${text}")
+  string(REGEX REPLACE "[][;]" "" text "${text}")
+  string(REGEX MATCHALL "@leads to:[^()#]+" links "${text}")
+  list(TRANSFORM links REPLACE "@leads to:" "")
+  set(${variable} ${links} PARENT_SCOPE)
+endfunction()
+
+set(astray "")
+set(followed 0)
+foreach(page ${packaged_pages})
+  links_of(links "${page}")
+  get_filename_component(folder "${page}" DIRECTORY)
+  foreach(link ${links})
+    cmake_path(SET target NORMALIZE "${folder}/${link}")
+    math(EXPR followed "${followed} + 1")
+    if(NOT link MATCHES "^[a-z]+:" AND NOT target IN_LIST packaged_pages AND NOT target IN_LIST packaged_beside_pages)
+      string(APPEND astray "\n  ${page}: ${link}")
+    endif()
+  endforeach()
+endforeach()
+if(astray)
+  message(FATAL_ERROR "who has the packages alone cannot follow:${astray}")
+elseif(followed LESS 20)
+  message(FATAL_ERROR "only ${followed} links were found in: ${packaged_pages}")
+endif()
