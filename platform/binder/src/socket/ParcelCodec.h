@@ -23,8 +23,8 @@ class EncodedParcel {
     EncodedParcel(const EncodedParcel&) = delete;
     EncodedParcel& operator=(const EncodedParcel&) = delete;
 
-    /// NO_ERROR, or why it cannot be sent: FAILED_TRANSACTION for too many bytes or descriptors, the parcel's
-    /// own error.
+    /// NO_ERROR, or why it cannot be sent: FAILED_TRANSACTION for too many bytes or descriptors, BAD_VALUE
+    /// for an object that does not lie at a whole cell, the parcel's own error.
     status_t status() const { return mStatus; }
     /// Enters the sizes.
     void describe(FrameHeader* header) const;
