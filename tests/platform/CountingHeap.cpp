@@ -1,5 +1,7 @@
 #include "tests/platform/CountingHeap.h"
 
+#include <malloc.h>
+
 #include <cstdlib>
 #include <new>
 
@@ -7,11 +9,14 @@ namespace {
 
 thread_local size_t tAllocations = 0;
 thread_local size_t tFrees = 0;
+thread_local ptrdiff_t tHeld = 0;
 thread_local bool tExhausted = false;
 
 void* allocate(size_t size) {
     ++tAllocations;
-    return tExhausted ? nullptr : std::malloc(size);
+    void* const block = tExhausted ? nullptr : std::malloc(size);
+    if (block != nullptr) tHeld += static_cast<ptrdiff_t>(malloc_usable_size(block));
+    return block;
 }
 
 }  // namespace
@@ -25,7 +30,10 @@ void* operator new(size_t size) {
 void* operator new(size_t size, const std::nothrow_t&) noexcept { return allocate(size); }
 
 void operator delete(void* block) noexcept {
-    if (block != nullptr) ++tFrees;
+    if (block != nullptr) {
+        ++tFrees;
+        tHeld -= static_cast<ptrdiff_t>(malloc_usable_size(block));
+    }
     std::free(block);
 }
 
@@ -36,6 +44,8 @@ namespace accessory::test {
 size_t allocations() { return tAllocations; }
 
 size_t frees() { return tFrees; }
+
+ptrdiff_t bytesHeld() { return tHeld; }
 
 Exhaustion::Exhaustion() { tExhausted = true; }
 

@@ -12,6 +12,10 @@ size_t allocations();
 /// How many blocks the calling thread has handed to operator delete.
 size_t frees();
 
+/// The bytes that the calling thread has got from operator new and not handed back, of which another thread's
+/// blocks that it handed back are taken off.
+ptrdiff_t bytesHeld();
+
 /// While it lives, the calling thread's allocations fail.
 class Exhaustion {
   public:

@@ -10,6 +10,15 @@
 
 namespace android::runtime {
 
+/// "no memory" fits where a short text lies in the string itself, so saying so needs none.
+inline std::string inWords(const std::exception& error) {
+    try {
+        return error.what();
+    } catch (const std::bad_alloc&) {
+        return "no memory";
+    }
+}
+
 /// Runs @p action, which may throw whatever it likes; only the cancelling of the thread goes through.
 /// @return what was thrown, in words; nothing when it was not.
 template <typename Action>
@@ -20,9 +29,9 @@ std::optional<std::string> thrownBy(const Action& action) {
     } catch (const abi::__forced_unwind&) {
         throw;
     } catch (const std::bad_alloc&) {
-        return "no memory";  // short enough to need none
+        return "no memory";
     } catch (const std::exception& error) {
-        return error.what();
+        return inWords(error);
     } catch (...) {
         return "not a std::exception";
     }

@@ -46,8 +46,9 @@ status_t transactContained(BBinder& object, uint32_t code, const Parcel& data, P
     status_t status = UNKNOWN_ERROR;
     const auto thrown = thrownBy([&] { status = object.transact(code, data, reply, flags); });
     if (!thrown) return status;
-    BINDER_LOGE("an exception left the stub of %s in call %u: %s",
-                String8(object.getInterfaceDescriptor()).string(), code, thrown->c_str());
+    String8 stub("an unnamed interface");
+    thrownBy([&] { stub = String8(object.getInterfaceDescriptor()); });
+    BINDER_LOGE("an exception left the stub of %s in call %u: %s", stub.string(), code, thrown->c_str());
     return UNKNOWN_ERROR;
 }
 

@@ -144,7 +144,7 @@ bool Connection::flush() {
         case Sent::kAll:
             break;
     }
-    mUnsent = {};
+    std::string().swap(mUnsent);
     return true;
 }
 
@@ -157,7 +157,8 @@ void Connection::flushAll() {
 void Connection::giveUp() { shutdown(mFd.get(), SHUT_RDWR); }
 
 size_t Connection::held() const {
-    return mFrame.body.capacity() + mUnsent.size() + mFrame.fds.size() * kHeldDescriptorBytes;
+    const size_t unsent = hasUnsent() ? mUnsent.capacity() : 0;
+    return mFrame.body.capacity() + unsent + mFrame.fds.size() * kHeldDescriptorBytes;
 }
 
 bool Connection::hasRoom(int milliseconds) const { return awaitEvents(mFd.get(), POLLOUT, milliseconds); }
@@ -175,6 +176,7 @@ Received Connection::receive(Frame* frame, Wait wait) {
             case Progress::kGoOn:
                 break;
         }
+        if (wait == Wait::kBriefly) wait = Wait::kNo;
         if (!headerComplete()) continue;
         if (!isPlausible(mFrame.header)) return broken();
         if (!bodyComplete()) continue;

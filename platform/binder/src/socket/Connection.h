@@ -96,7 +96,7 @@ class Connection {
     /// finds.
     bool hasRoom(int milliseconds) const;
 
-    /// @param wait kBriefly waits as long as setTimeLimits() said.
+    /// @param wait kBriefly waits as long as setTimeLimits() said for the first piece, and for none after it.
     Received receive(Frame* frame, Wait wait);
 
     /// Whether @p frame is of the one kind that may come now; otherwise the other end breaks the protocol.
