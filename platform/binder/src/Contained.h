@@ -1,4 +1,5 @@
-// Foreign code that the runtime runs on its own threads: stubs, death recipients, destructors.
+// Foreign code that the runtime runs on its own threads: stubs, death recipients, destructors. It may throw,
+// and end the thread.
 #pragma once
 
 #include <cxxabi.h>
@@ -34,6 +35,18 @@ std::optional<std::string> thrownBy(const Action& action) {
         return inWords(error);
     } catch (...) {
         return "not a std::exception";
+    }
+}
+
+/// @return what @p action returns. When the thread ends in it, by pthread_exit() or because it is cancelled,
+/// @p undo leaves behind what others can go on with; it must not throw.
+template <typename Action, typename Undo>
+auto unlessThreadEnds(const Action& action, const Undo& undo) {
+    try {
+        return action();
+    } catch (const abi::__forced_unwind&) {
+        undo();
+        throw;
     }
 }
 
