@@ -10,9 +10,11 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <thread>
 
 #include "Contained.h"
 #include "socket/Connection.h"
+#include "socket/Node.h"
 #include "socket/SharedBlock.h"
 #include "tests/platform/CountingHeap.h"
 
@@ -29,7 +31,7 @@ class TransportConnection : public testing::Test {
         std::array<int, 2> ends{};
         EXPECT_EQ(0, socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()));
         connection =
-            std::make_unique<Connection>(RuntimeFd(ends[0]), ConnectionKind::kCall, nullptr, Credentials{});
+            std::make_unique<Connection>(RuntimeFd(ends[0]), ConnectionKind::kCall, peer, Credentials{});
         other = RuntimeFd(ends[1]);
     }
 
@@ -52,6 +54,7 @@ class TransportConnection : public testing::Test {
         } while (!connection->flush());
     }
 
+    const std::shared_ptr<Peer> peer = Node::instance().peers.get(PeerId{Secret::random()});
     std::unique_ptr<Connection> connection;
     RuntimeFd other;
 };
@@ -83,6 +86,33 @@ TEST_F(TransportConnection, HoldsNoMemoryOnceItsAnswersAreRead) {
     EXPECT_LT(before, bytesHeld());
     readAll();
     EXPECT_EQ(before, bytesHeld());
+}
+
+// What comes back counts for whoever sent it until it is here, and would be kept alive for ever otherwise.
+TEST_F(TransportConnection, GivesBackTheObjectsOfACallForWhichThereIsNoMemory) {
+    Node& node = Node::instance();
+    FrameHeader header;
+    header.dataSize = kLargeAnswer;
+    header.objectCount = 2;
+    std::string call(reinterpret_cast<const char*>(&header), sizeof(header));
+    call.append(kLargeAnswer, '\0');
+    for (uint32_t offset : {0U, 24U}) {
+        ObjectRecord record;
+        record.offset = offset;
+        record.owner = node.id;
+        record.token = node.exports.lend(new android::BBinder, peer->homecoming());
+        call.append(reinterpret_cast<const char*>(&record), sizeof(record));
+    }
+    EXPECT_EQ(2u, node.exports.size());
+    std::thread sender([&] { send(other.get(), call.data(), call.size(), 0); });
+    Frame frame;
+    {
+        const Exhaustion exhaustion(kLargeAnswer);
+        EXPECT_EQ(Received::kFrame, connection->receive(&frame, Wait::kForever));
+    }
+    sender.join();
+    EXPECT_EQ(nullptr, frame.body.bytes());
+    EXPECT_EQ(0u, node.exports.size());
 }
 
 TEST(SharedBlock, HasItsMemoryBeforeItIsWritten) {

@@ -2,6 +2,7 @@
 
 #include <malloc.h>
 
+#include <cstdint>
 #include <cstdlib>
 #include <new>
 
@@ -10,11 +11,11 @@ namespace {
 thread_local size_t tAllocations = 0;
 thread_local size_t tFrees = 0;
 thread_local ptrdiff_t tHeld = 0;
-thread_local bool tExhausted = false;
+thread_local size_t tTooLarge = SIZE_MAX;
 
 void* allocate(size_t size) {
     ++tAllocations;
-    void* const block = tExhausted ? nullptr : std::malloc(size);
+    void* const block = size >= tTooLarge ? nullptr : std::malloc(size);
     if (block != nullptr) tHeld += static_cast<ptrdiff_t>(malloc_usable_size(block));
     return block;
 }
@@ -47,8 +48,8 @@ size_t frees() { return tFrees; }
 
 ptrdiff_t bytesHeld() { return tHeld; }
 
-Exhaustion::Exhaustion() { tExhausted = true; }
+Exhaustion::Exhaustion(size_t atLeast) { tTooLarge = atLeast; }
 
-Exhaustion::~Exhaustion() { tExhausted = false; }
+Exhaustion::~Exhaustion() { tTooLarge = SIZE_MAX; }
 
 }  // namespace accessory::test

@@ -16,10 +16,10 @@ size_t frees();
 /// blocks that it handed back are taken off.
 ptrdiff_t bytesHeld();
 
-/// While it lives, the calling thread's allocations fail.
+/// While it lives, the calling thread's allocations of @p atLeast bytes and more fail.
 class Exhaustion {
   public:
-    Exhaustion();
+    explicit Exhaustion(size_t atLeast = 0);
     ~Exhaustion();
     Exhaustion(const Exhaustion&) = delete;
     Exhaustion& operator=(const Exhaustion&) = delete;

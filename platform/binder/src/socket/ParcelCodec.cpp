@@ -112,6 +112,10 @@ sp<IBinder> objectOf(const ObjectRecord& record, Peer& sender) {
 
 }  // namespace
 
+void giveBack(const ObjectRecord& record, Peer& sender) {
+    if (record.kind == ObjectKind::kBinder) objectOf(record, sender);
+}
+
 void decode(Frame* frame, Parcel* parcel, Peer& sender) {
     const FrameHeader& header = frame->header;
     std::vector<ObjectRecord> records;

@@ -53,4 +53,7 @@ class EncodedParcel {
 /// or themselves when they live here; null stands for those that are gone.
 void decode(Frame* frame, Parcel* parcel, Peer& sender);
 
+/// Gives back the reference that came with @p record, out of a frame from @p sender that is not decoded.
+void giveBack(const ObjectRecord& record, Peer& sender);
+
 }  // namespace android::runtime
