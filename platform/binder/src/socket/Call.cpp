@@ -84,12 +84,15 @@ bool sendReply(Connection& connection, status_t status, const Parcel& reply, tra
     return connection.send(header, nullptr, {}, {}) == NO_ERROR;
 }
 
+/// What is beside a status is no answer, whatever the other end sends.
 status_t takeReply(Frame* frame, Parcel* reply, Peer& sender) {
     Parcel unwanted;
     Parcel& answer = reply != nullptr ? *reply : unwanted;
     answer.freeData();
     decode(frame, &answer, sender);
-    return static_cast<status_t>(frame->header.code);
+    const auto status = static_cast<status_t>(frame->header.code);
+    if (status != NO_ERROR) answer.freeData();
+    return status;
 }
 
 /// A call that comes instead of the reply is the other end calling back.
