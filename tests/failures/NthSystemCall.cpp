@@ -119,9 +119,9 @@ VISIBLE int memfd_create(const char* name, unsigned flags) noexcept {
     return fails({EMFILE, ENOMEM}) ? -1 : genuine_memfd_create(name, flags);
 }
 
-VISIBLE int ftruncate(int fd, off_t size) noexcept {
-    GENUINE(ftruncate);
-    return fails({EIO, EINTR}) ? -1 : genuine_ftruncate(fd, size);
+VISIBLE int fallocate(int fd, int mode, off_t offset, off_t size) {
+    GENUINE(fallocate);
+    return fails({ENOSPC, EINTR}) ? -1 : genuine_fallocate(fd, mode, offset, size);
 }
 
 VISIBLE int rename(const char* from, const char* to) noexcept {

@@ -1,6 +1,7 @@
 // Two-way calls: what reaches the object, and what comes back.
 #include <binder/BpBinder.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <thread>
 #include <vector>
@@ -119,6 +120,18 @@ TEST(RemoteObject, AnswersAPingAsLongAsItLives) {
     EXPECT_FALSE(service.object()->isBinderAlive());
 }
 
+TEST(RemoteObject, IsNotSentAnObjectThatDoesNotLieAtAWholeCell) {
+    const ServiceProcess service;
+    Parcel words;
+    words.setDataSize(8);
+    Call call(service.object(), kEcho);
+    call.request.appendFrom(&words, 0, 5);
+    call << sp<IBinder>(new BBinder);
+    EXPECT_EQ(BAD_VALUE, call.run());
+    EXPECT_EQ(BAD_VALUE, call.send());
+    EXPECT_EQ(7, ask(service.object(), kEcho, 7)) << "the connection is as good as before";
+}
+
 TEST(RemoteObject, HasNoLocalSide) {
     const ServiceProcess service;
     EXPECT_EQ(nullptr, service.object()->localBinder());
@@ -145,6 +158,18 @@ TEST(LocalObject, TakesNoMoreDumpArgumentsThanTheRequestHoldsWhateverItsCountSay
     ASSERT_EQ(NO_ERROR, request.setData(bytes, sizeof(bytes)));
     EXPECT_EQ(NO_ERROR, object->transact(IBinder::DUMP_TRANSACTION, request, nullptr));
     EXPECT_EQ(0u, object->arguments);
+}
+
+TEST(LocalObject, TakesNoDumpArgumentsFromWhereNoneCanBeRead) {
+    const sp<DumpedObject> object = new DumpedObject();
+    Parcel request;
+    request.writeFileDescriptor(STDIN_FILENO);
+    request.writeInt32(1'000'000);
+    request.writeString16(String16("sound"));
+    request.writeString16(nullptr, 0);
+    request.writeFileDescriptor(STDIN_FILENO);  // no reading of a string moves past it
+    EXPECT_EQ(NO_ERROR, object->transact(IBinder::DUMP_TRANSACTION, request, nullptr));
+    EXPECT_EQ(2u, object->arguments) << "a null string is an empty one";
 }
 
 TEST(LocalObject, IsCalledDirectlyOnTheCallersThread) {

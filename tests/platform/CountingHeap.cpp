@@ -1,5 +1,8 @@
 #include "tests/platform/CountingHeap.h"
 
+#include <malloc.h>
+
+#include <cstdint>
 #include <cstdlib>
 #include <new>
 
@@ -7,11 +10,14 @@ namespace {
 
 thread_local size_t tAllocations = 0;
 thread_local size_t tFrees = 0;
-thread_local bool tExhausted = false;
+thread_local ptrdiff_t tHeld = 0;
+thread_local size_t tTooLarge = SIZE_MAX;
 
 void* allocate(size_t size) {
     ++tAllocations;
-    return tExhausted ? nullptr : std::malloc(size);
+    void* const block = size >= tTooLarge ? nullptr : std::malloc(size);
+    if (block != nullptr) tHeld += static_cast<ptrdiff_t>(malloc_usable_size(block));
+    return block;
 }
 
 }  // namespace
@@ -25,7 +31,10 @@ void* operator new(size_t size) {
 void* operator new(size_t size, const std::nothrow_t&) noexcept { return allocate(size); }
 
 void operator delete(void* block) noexcept {
-    if (block != nullptr) ++tFrees;
+    if (block != nullptr) {
+        ++tFrees;
+        tHeld -= static_cast<ptrdiff_t>(malloc_usable_size(block));
+    }
     std::free(block);
 }
 
@@ -37,8 +46,10 @@ size_t allocations() { return tAllocations; }
 
 size_t frees() { return tFrees; }
 
-Exhaustion::Exhaustion() { tExhausted = true; }
+ptrdiff_t bytesHeld() { return tHeld; }
 
-Exhaustion::~Exhaustion() { tExhausted = false; }
+Exhaustion::Exhaustion(size_t atLeast) { tTooLarge = atLeast; }
+
+Exhaustion::~Exhaustion() { tTooLarge = SIZE_MAX; }
 
 }  // namespace accessory::test

@@ -12,10 +12,14 @@ size_t allocations();
 /// How many blocks the calling thread has handed to operator delete.
 size_t frees();
 
-/// While it lives, the calling thread's allocations fail.
+/// The bytes that the calling thread has got from operator new and not handed back, of which another thread's
+/// blocks that it handed back are taken off.
+ptrdiff_t bytesHeld();
+
+/// While it lives, the calling thread's allocations of @p atLeast bytes and more fail.
 class Exhaustion {
   public:
-    Exhaustion();
+    explicit Exhaustion(size_t atLeast = 0);
     ~Exhaustion();
     Exhaustion(const Exhaustion&) = delete;
     Exhaustion& operator=(const Exhaustion&) = delete;

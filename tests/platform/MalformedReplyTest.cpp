@@ -34,6 +34,8 @@ TEST(MalformedReply, IsNotASoundOne) {
     RawHeader refusal = replyHeader();
     refusal.code = static_cast<uint32_t>(BAD_VALUE);
     EXPECT_EQ(BAD_VALUE, callAnsweredWith(bytesOf(refusal)));
+    refusal.dataSize = 4;
+    EXPECT_EQ(BAD_VALUE, callAnsweredWith(bytesOf(refusal) + "abcd"));
 }
 
 TEST(MalformedReply, CostsTheCallAndTheConnectionOnly) {

@@ -208,6 +208,18 @@ TEST_F(ForgedSharing, OffersABlockThatIsTooSmall) {
     }
 }
 
+TEST_F(ForgedSharing, OffersABlockOfHugePages) {
+    const int block = memfd_create("binder", MFD_CLOEXEC | MFD_ALLOW_SEALING | MFD_HUGETLB);
+    if (block < 0 || ftruncate(block, 2 * kBlockBytes) != 0 || fallocate(block, 0, 0, 2 * kBlockBytes) != 0) {
+        close(block);
+        GTEST_SKIP() << "the machine has no huge pages to spare";
+    }
+    EXPECT_EQ(0, fcntl(block, F_ADD_SEALS, F_SEAL_SHRINK | F_SEAL_GROW));
+    RawPeer peer(mAddress, RawHello());
+    EXPECT_EQ(0, sharingOfReplyTo(peer, block));
+    close(block);
+}
+
 TEST_F(ForgedSharing, OffersWhatIsNoBlock) {
     int ends[2];
     ASSERT_EQ(0, pipe2(ends, O_CLOEXEC));

@@ -1,6 +1,8 @@
 // The ring between the threads that record and the one that writes.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <atomic>
 #include <string>
 #include <thread>
 #include <vector>
@@ -105,6 +107,35 @@ TEST(TraceRing, KeepsTheRecordsOfManyThreadsWhole) {
     for (std::thread& thread : threads)
         thread.join();
     EXPECT_EQ(taken, accepted);
+}
+
+// Each of the two has at most one record in the ring; the second one's comes and goes while the first one
+// puts.
+TEST(TraceRing, DropsNothingAsLongAsThereIsRoom) {
+    constexpr int kRecords = 30'000;
+    Ring ring(64);
+    std::atomic<int> taken{0};
+    int refusedFirst = 0;
+    std::thread first([&] {
+        for (int i = 0; i < kRecords; ++i) {
+            if (!put(&ring, "a")) ++refusedFirst;
+            while (taken + refusedFirst <= i)
+                std::this_thread::yield();
+        }
+        taken = -1;
+    });
+    int refusedSecond = 0;
+    while (taken >= 0) {
+        if (!put(&ring, "b")) ++refusedSecond;
+        while (!ring.isEmpty()) {
+            const std::string text = takeAll(&ring);
+            taken += static_cast<int>(std::count(text.begin(), text.end(), 'a'));
+            if (text.empty()) std::this_thread::yield();  // a record is being copied
+        }
+    }
+    first.join();
+    EXPECT_EQ(0, refusedFirst);
+    EXPECT_EQ(0, refusedSecond);
 }
 
 }  // namespace

@@ -12,13 +12,18 @@ const String16& unnamedDescriptor() {
     return *unnamed;
 }
 
-/// The request form of IBinder::dump(): a descriptor, the number of arguments, the arguments.
+/// The request form of IBinder::dump(): a descriptor, the number of arguments, the arguments. The count is
+/// believed as far as reading moves on: it does not at the end, nor where something else than a string lies.
 status_t dumpAsAsked(BBinder& object, const Parcel& request) {
     const int fd = request.readFileDescriptor();
     const int32_t count = request.readInt32();
     Vector<String16> args;
-    for (int32_t i = 0; i < count && request.dataAvail() >= sizeof(int32_t); ++i)
-        args.add(request.readString16());
+    for (int32_t i = 0; i < count; ++i) {
+        const size_t before = request.dataPosition();
+        const String16 arg = request.readString16();
+        if (request.dataPosition() == before) break;
+        args.add(arg);
+    }
     return object.dump(fd, args);
 }
 

@@ -67,7 +67,9 @@ class BINDER_EXPORT IBinder : public virtual RefBase {
 
     /// Calls the object and, without FLAG_ONEWAY, waits for its answer.
     /// @param code  FIRST_CALL_TRANSACTION to LAST_CALL_TRANSACTION, or one of the transactions above.
-    /// @param reply where the answer goes, may be null; empty whenever the result is not NO_ERROR.
+    /// @param reply where the answer goes, may be null. Empty whenever the result is not NO_ERROR, but for
+    /// what
+    ///              an object of this process has written into it.
     /// @return what the object's onTransact() returned, DEAD_OBJECT when its process is gone, or
     ///         FAILED_TRANSACTION when @p data is too large or could not be sent.
     virtual status_t transact(uint32_t code, const Parcel& data, Parcel* reply, uint32_t flags = 0) = 0;

@@ -46,8 +46,9 @@ status_t transactContained(BBinder& object, uint32_t code, const Parcel& data, P
     status_t status = UNKNOWN_ERROR;
     const auto thrown = thrownBy([&] { status = object.transact(code, data, reply, flags); });
     if (!thrown) return status;
-    BINDER_LOGE("an exception left the stub of %s in call %u: %s",
-                String8(object.getInterfaceDescriptor()).string(), code, thrown->c_str());
+    String8 stub("an unnamed interface");
+    thrownBy([&] { stub = String8(object.getInterfaceDescriptor()); });
+    BINDER_LOGE("an exception left the stub of %s in call %u: %s", stub.string(), code, thrown->c_str());
     return UNKNOWN_ERROR;
 }
 
@@ -83,12 +84,15 @@ bool sendReply(Connection& connection, status_t status, const Parcel& reply, tra
     return connection.send(header, nullptr, {}, {}) == NO_ERROR;
 }
 
+/// What is beside a status is no answer, whatever the other end sends.
 status_t takeReply(Frame* frame, Parcel* reply, Peer& sender) {
     Parcel unwanted;
     Parcel& answer = reply != nullptr ? *reply : unwanted;
     answer.freeData();
     decode(frame, &answer, sender);
-    return static_cast<status_t>(frame->header.code);
+    const auto status = static_cast<status_t>(frame->header.code);
+    if (status != NO_ERROR) answer.freeData();
+    return status;
 }
 
 /// A call that comes instead of the reply is the other end calling back.

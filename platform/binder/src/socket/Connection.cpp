@@ -13,6 +13,7 @@
 #include "../Log.h"
 #include "../OutOfMemory.h"
 #include "Limits.h"
+#include "ParcelCodec.h"
 
 namespace android::runtime {
 
@@ -144,7 +145,7 @@ bool Connection::flush() {
         case Sent::kAll:
             break;
     }
-    mUnsent = {};
+    std::string().swap(mUnsent);
     return true;
 }
 
@@ -157,7 +158,8 @@ void Connection::flushAll() {
 void Connection::giveUp() { shutdown(mFd.get(), SHUT_RDWR); }
 
 size_t Connection::held() const {
-    return mFrame.body.capacity() + mUnsent.size() + mFrame.fds.size() * kHeldDescriptorBytes;
+    const size_t unsent = hasUnsent() ? mUnsent.capacity() : 0;
+    return mFrame.body.capacity() + unsent + mFrame.fds.size() * kHeldDescriptorBytes;
 }
 
 bool Connection::hasRoom(int milliseconds) const { return awaitEvents(mFd.get(), POLLOUT, milliseconds); }
@@ -175,6 +177,7 @@ Received Connection::receive(Frame* frame, Wait wait) {
             case Progress::kGoOn:
                 break;
         }
+        if (wait == Wait::kBriefly) wait = Wait::kNo;
         if (!headerComplete()) continue;
         if (!isPlausible(mFrame.header)) return broken();
         if (!bodyComplete()) continue;
@@ -215,8 +218,10 @@ Connection::Progress Connection::readBeginning(Wait wait) {
     if (progress != Progress::kGoOn || !headerComplete() || !isPlausible(mFrame.header)) return progress;
     mFrame.body = Block(streamedSize(mFrame.header));
     mBodyBytes = got - ofHeader;
-    if (!isExhausted()) {
-        const size_t ofBody = std::min(mBodyBytes, streamedSize(mFrame.header));
+    const size_t ofBody = std::min(mBodyBytes, streamedSize(mFrame.header));
+    if (isExhausted()) {
+        giveBackObjects(beginning + ofHeader, ofBody, 0);
+    } else {
         std::memcpy(mFrame.body.bytes(), beginning + ofHeader, ofBody);
     }
     return Progress::kGoOn;
@@ -235,7 +240,20 @@ Connection::Progress Connection::readBody(Wait wait) {
 /// follow.
 Connection::Progress Connection::passOver(size_t missing, Wait wait, size_t* got) {
     uint8_t dropped[kUsualBody];
-    return take(dropped, std::min(missing, sizeof(dropped)), wait, got);
+    const Progress progress = take(dropped, std::min(missing, sizeof(dropped)), wait, got);
+    giveBackObjects(dropped, *got, mBodyBytes);
+    return progress;
+}
+
+/// The references that came with what nobody will decode.
+/// @param bytes of the streamed body, from @p position on; the records end it.
+void Connection::giveBackObjects(const uint8_t* bytes, size_t count, size_t position) {
+    const size_t records = streamedSize(mFrame.header) - mFrame.header.objectCount * sizeof(ObjectRecord);
+    for (size_t i = records > position ? records - position : 0; i < count; ++i) {
+        const size_t at = (position + i - records) % sizeof(mPassedOver);
+        std::memcpy(reinterpret_cast<uint8_t*>(&mPassedOver) + at, bytes + i, 1);
+        if (at + 1 == sizeof(mPassedOver)) giveBack(mPassedOver, *mPeer);
+    }
 }
 
 /// One system call's worth of bytes and descriptors.
@@ -314,6 +332,7 @@ bool Connection::fetchData() {
         std::memcpy(whole.bytes(), mView->bytes(), header.dataSize);
         std::memcpy(whole.bytes() + header.dataSize, mFrame.body.bytes(), streamedSize(header));
     } else {
+        if (!isExhausted()) giveBackObjects(mFrame.body.bytes(), streamedSize(header), 0);
         whole = Block();
     }
     mFrame.body = std::move(whole);

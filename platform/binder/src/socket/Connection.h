@@ -41,8 +41,8 @@ class Block {
 };
 
 /// A received frame: sound as Frame.h tells, its body in @c body, its descriptors in @c fds. Descriptors that
-/// nobody takes are closed. Without memory for the body there is none, and the connection is as good as
-/// before.
+/// nobody takes are closed. Without memory for the body there is none, its objects have been given back,
+/// and the connection is as good as before.
 struct Frame {
     FrameHeader header;
     Block body;
@@ -96,7 +96,7 @@ class Connection {
     /// finds.
     bool hasRoom(int milliseconds) const;
 
-    /// @param wait kBriefly waits as long as setTimeLimits() said.
+    /// @param wait kBriefly waits as long as setTimeLimits() said for the first piece, and for none after it.
     Received receive(Frame* frame, Wait wait);
 
     /// Whether @p frame is of the one kind that may come now; otherwise the other end breaks the protocol.
@@ -126,6 +126,7 @@ class Connection {
     Progress readBeginning(Wait wait);
     Progress readBody(Wait wait);
     Progress passOver(size_t missing, Wait wait, size_t* got);
+    void giveBackObjects(const uint8_t* bytes, size_t count, size_t position);
     Progress take(void* room, size_t size, Wait wait, size_t* got);
     Progress readFailed(Wait wait);
     bool noteDescriptors(msghdr* message);
@@ -152,6 +153,7 @@ class Connection {
     Frame mFrame;  // in the making
     size_t mHeaderBytes = 0;
     size_t mBodyBytes = 0;
+    ObjectRecord mPassedOver;  // of a body that there is no memory for, as far as it has come
     bool mDescriptorsLost = false;
     std::atomic<bool> mHandedOver{false};
     std::string mUnsent;

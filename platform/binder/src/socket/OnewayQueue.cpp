@@ -1,7 +1,10 @@
 #include "OnewayQueue.h"
 
+#include "../Contained.h"
+#include "../Log.h"
 #include "../OutOfMemory.h"
 #include "Limits.h"
+#include "RuntimeThread.h"
 
 namespace android::runtime {
 
@@ -37,8 +40,19 @@ void OnewayQueue::drain(const BBinder* object) {
         for (Connection* const connection : resumed)
             mResume(*connection);
         resumed.clear();
-        call->run();
+        unlessThreadEnds([&] { call->run(); }, [&] { drainElsewhere(object); });
     }
+}
+
+/// For a thread that ends in a call: the calls behind it go on, on a thread of their own.
+void OnewayQueue::drainElsewhere(const BBinder* object) {
+    if (startRuntimeThread("binder-oneway", [this, object] { drain(object); })) return;
+    BINDER_LOGE("one-way calls behind one that ended its thread are lost");
+    std::vector<Connection*> resumed;
+    while (next(object, &resumed) != nullptr) {
+    }
+    for (Connection* const connection : resumed)
+        mResume(*connection);
 }
 
 /// The object counts as busy until it is found without a call here.

@@ -47,6 +47,7 @@ class OnewayQueue {
         std::vector<Connection*> leftAlone;
     };
 
+    void drainElsewhere(const BBinder* object);
     std::unique_ptr<OnewayCall> next(const BBinder* object, std::vector<Connection*>* resumed);
     void discountLocked(const OnewayCall& call, std::vector<Connection*>* resumed);
 

@@ -9,6 +9,7 @@
 #include "../Log.h"
 #include "../OutOfMemory.h"
 #include "../ParcelAccess.h"
+#include "../ParcelLayout.h"
 #include "Connection.h"
 #include "Node.h"
 #include "SocketRemote.h"
@@ -23,6 +24,12 @@ status_t checkSendable(const Parcel& parcel) {
     if (size <= kMaxTransaction) return NO_ERROR;
     BINDER_LOGE("a parcel of %zu bytes is refused; %zu are the most", size, kMaxTransaction);
     return FAILED_TRANSACTION;
+}
+
+/// Appending a part that is no whole number of cells may have led to this.
+status_t refuseUnaligned(size_t offset) {
+    BINDER_LOGE("a parcel with an object at byte %zu is refused: objects lie at whole cells", offset);
+    return BAD_VALUE;
 }
 
 }  // namespace
@@ -43,6 +50,7 @@ EncodedParcel::~EncodedParcel() {
 status_t EncodedParcel::encodeObjects() {
     mBlanked.assign(mParcel.data(), mParcel.data() + ParcelAccess::size(mParcel));
     for (const ParcelAccess::Object& object : ParcelAccess::objects(mParcel)) {
+        if (object.offset % kCellSize != 0) return refuseUnaligned(object.offset);
         std::memset(&mBlanked[object.offset], 0, sizeof(flat_binder_object));
         if (object.binder != nullptr) {
             const status_t status = encodeBinder(object.offset, object.binder);
@@ -103,6 +111,10 @@ sp<IBinder> objectOf(const ObjectRecord& record, Peer& sender) {
 }
 
 }  // namespace
+
+void giveBack(const ObjectRecord& record, Peer& sender) {
+    if (record.kind == ObjectKind::kBinder) objectOf(record, sender);
+}
 
 void decode(Frame* frame, Parcel* parcel, Peer& sender) {
     const FrameHeader& header = frame->header;

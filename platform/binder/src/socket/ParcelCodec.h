@@ -23,8 +23,8 @@ class EncodedParcel {
     EncodedParcel(const EncodedParcel&) = delete;
     EncodedParcel& operator=(const EncodedParcel&) = delete;
 
-    /// NO_ERROR, or why it cannot be sent: FAILED_TRANSACTION for too many bytes or descriptors, the parcel's
-    /// own error.
+    /// NO_ERROR, or why it cannot be sent: FAILED_TRANSACTION for too many bytes or descriptors, BAD_VALUE
+    /// for an object that does not lie at a whole cell, the parcel's own error.
     status_t status() const { return mStatus; }
     /// Enters the sizes.
     void describe(FrameHeader* header) const;
@@ -52,5 +52,8 @@ class EncodedParcel {
 /// Makes the body of @p frame, which came from @p sender, the content of @p parcel: objects become proxies,
 /// or themselves when they live here; null stands for those that are gone.
 void decode(Frame* frame, Parcel* parcel, Peer& sender);
+
+/// Gives back the reference that came with @p record, out of a frame from @p sender that is not decoded.
+void giveBack(const ObjectRecord& record, Peer& sender);
 
 }  // namespace android::runtime

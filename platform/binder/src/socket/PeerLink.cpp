@@ -164,7 +164,7 @@ void Peer::giveUpLocked() {
     unlessExhausted([this] {
         mNode.reactor.after(std::chrono::milliseconds(0), [self = shared_from_this()] { self->die(); });
         mGivenUp = true;
-        mOutbox = {};
+        std::string().swap(mOutbox);
         return NO_ERROR;
     });
 }

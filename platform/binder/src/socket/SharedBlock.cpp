@@ -1,8 +1,10 @@
 #include "SharedBlock.h"
 
 #include <fcntl.h>
+#include <linux/magic.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
+#include <sys/vfs.h>
 #include <unistd.h>
 
 #include <atomic>
@@ -35,18 +37,22 @@ uint8_t* mapped(int fd, int protection) {
     return static_cast<uint8_t*>(memory);
 }
 
-/// With @c F_SEAL_SHRINK nobody can take pages away under a reader; the other seals only keep the block as it
-/// is, and older kernels lack the last.
+/// With @c F_SEAL_SHRINK nobody can cut the block short under a reader; the other seals only keep it as it
+/// is, and older kernels lack the last. Memory for all of it is there before it is written through the
+/// mapping, where a want of memory would end the process.
 bool seal(int fd) {
     constexpr int kSize = F_SEAL_SHRINK | F_SEAL_GROW;
     return fcntl(fd, F_ADD_SEALS, kSize | F_SEAL_FUTURE_WRITE) == 0 || fcntl(fd, F_ADD_SEALS, kSize) == 0;
 }
 
+/// Whether it can be read as long as it is mapped. A page that its maker punches out of it reads as zeros, in
+/// ordinary memory: with huge pages it could not be had again, nor a part of one be unmapped.
 bool isWholeForGood(int fd) {
     const int seals = fcntl(fd, F_GET_SEALS);
     struct stat file {};
+    struct statfs where {};
     return seals >= 0 && (seals & F_SEAL_SHRINK) != 0 && fstat(fd, &file) == 0 &&
-           file.st_size >= off_t{kSharedBytes};
+           file.st_size >= off_t{kSharedBytes} && fstatfs(fd, &where) == 0 && where.f_type == TMPFS_MAGIC;
 }
 
 }  // namespace
@@ -55,7 +61,7 @@ std::unique_ptr<SharedBlock> SharedBlock::create() {
     if (!countUp(gBlocks, kMostBlocks)) return nullptr;
     RuntimeFd fd(memfd_create("binder", MFD_CLOEXEC | MFD_ALLOW_SEALING));
     uint8_t* bytes = nullptr;
-    if (fd.isOpen() && ftruncate(fd.get(), kSharedBytes) == 0)
+    if (fd.isOpen() && fallocate(fd.get(), 0, 0, kSharedBytes) == 0)
         bytes = mapped(fd.get(), PROT_READ | PROT_WRITE);
     if (bytes != nullptr && seal(fd.get())) {
         auto* const block = new (std::nothrow) SharedBlock(std::move(fd), bytes);

@@ -13,8 +13,8 @@ namespace android::runtime {
 /// One call in the making: patient for as long as it takes, but not silently. Until the
 /// socket's own time limit is over it costs neither memory nor a look at the clock.
 ///
-/// A call that comes back in the answer's place is a sign of life: unless the log has been told already, the
-/// time counts from there.
+/// A call that comes back in the answer's place is a sign of life: the socket's own time limit counts anew
+/// from its end. What is counted here already, since that limit was over once or a signal came, goes on.
 class SlowCall : public Patience {
   public:
     /// Is the connection's patience as long as it lives. All arguments outlive it.

@@ -11,6 +11,7 @@
 #include <thread>
 #include <utility>
 
+#include "../Contained.h"
 #include "../Log.h"
 #include "../OutOfMemory.h"
 #include "Limits.h"
@@ -33,6 +34,18 @@ constexpr std::chrono::milliseconds kPause{50};
 uint32_t eventsOf(const Connection& connection) {
     return EPOLLONESHOT | (connection.hasUnsent() ? EPOLLOUT : EPOLLIN | EPOLLRDHUP);
 }
+
+/// Counts the thread as one of the pool until it ends.
+class ThreadOfPool {
+  public:
+    explicit ThreadOfPool(std::atomic<size_t>& count) : mCount(count) { ++mCount; }
+    ~ThreadOfPool() { --mCount; }
+    ThreadOfPool(const ThreadOfPool&) = delete;
+    ThreadOfPool& operator=(const ThreadOfPool&) = delete;
+
+  private:
+    std::atomic<size_t>& mCount;
+};
 
 }  // namespace
 
@@ -84,7 +97,7 @@ void WorkerPool::setMaxThreads(size_t count) {
 }
 
 void WorkerPool::join() {
-    ++mThreads;
+    const ThreadOfPool joined(mThreads);
     work();
 }
 
@@ -92,14 +105,23 @@ void WorkerPool::join() {
 void WorkerPool::spawn() {
     if (mPoolThreads >= std::max<size_t>(mMaxThreads, 1)) return;
     const std::string name = "binder:" + std::to_string(mPoolThreads + 1);
-    if (!startRuntimeThread(name.c_str(), [this] { work(); })) return;
-    ++mPoolThreads;
-    ++mThreads;
+    if (startRuntimeThread(name.c_str(), [this] { workInPool(); })) ++mPoolThreads;
 }
 
 void WorkerPool::spawnIfNobodyWaits() {
     const std::lock_guard<std::mutex> guard(mLock);
     if (mStarted && mWaiting == 0) spawn();
+}
+
+void WorkerPool::workInPool() {
+    const ThreadOfPool spawned(mThreads);
+    unlessThreadEnds([this] { work(); }, [this] { makeUpForEnded(); });
+}
+
+void WorkerPool::makeUpForEnded() {
+    const std::lock_guard<std::mutex> guard(mLock);
+    --mPoolThreads;
+    if (mWaiting == 0) spawn();
 }
 
 void WorkerPool::work() {
@@ -112,12 +134,19 @@ void WorkerPool::work() {
 Connection* WorkerPool::nextReady() {
     epoll_event event{};
     ++mWaiting;
-    while (epoll_wait(mEpoll.get(), &event, 1, -1) != 1) {
-    }
-    if (--mWaiting == 0) spawnIfNobodyWaits();
+    const auto wait = [&] {
+        while (epoll_wait(mEpoll.get(), &event, 1, -1) != 1) {
+        }
+    };
+    unlessThreadEnds(wait, [this] { waitNoLonger(); });
+    waitNoLonger();
     auto* const connection = static_cast<Connection*>(event.data.ptr);
     connection->takeOver();
     return connection;
+}
+
+void WorkerPool::waitNoLonger() {
+    if (--mWaiting == 0) spawnIfNobodyWaits();
 }
 
 void WorkerPool::serve(Connection& connection) {
@@ -133,10 +162,15 @@ void WorkerPool::serveCalls(Connection& connection) {
         if (received == Received::kNothing) return putBack(connection);
         if (received != Received::kFrame || !connection.expects(frame, FrameKind::kCall))
             return drop(connection, connection.offence());
-        if (!serveCall(connection, &frame)) return drop(connection, connection.offence());
+        if (!answer(connection, &frame)) return drop(connection, connection.offence());
         if (!mayStay(served)) return putBack(connection);
         wait = Wait::kBriefly;
     }
+}
+
+/// A stub that ends the thread leaves a caller who waits: the end of the connection tells him.
+bool WorkerPool::answer(Connection& connection, Frame* frame) {
+    return unlessThreadEnds([&] { return serveCall(connection, frame); }, [&] { drop(connection, nullptr); });
 }
 
 /// One frame, so that the next can be received by another thread while this one runs the call.

@@ -50,10 +50,14 @@ class WorkerPool {
     bool watch(Connection& connection, int operation) const;
     void spawn();
     void spawnIfNobodyWaits();
+    void workInPool();
+    void makeUpForEnded();
     [[noreturn]] void work();
     Connection* nextReady();
+    void waitNoLonger();
     void serve(Connection& connection);
     void serveCalls(Connection& connection);
+    bool answer(Connection& connection, Frame* frame);
     void serveOneway(Connection& connection);
     bool mayStay(int servedHere);
     void putBack(Connection& connection);

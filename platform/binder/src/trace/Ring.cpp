@@ -31,10 +31,12 @@ uint64_t* Ring::sizeAt(uint64_t position) const {
     return reinterpret_cast<uint64_t*>(mBytes + (position & (mCapacity - 1)));
 }
 
+/// The taker may have released what others put beyond the position that was loaded; the exchange fails then,
+/// which loads it anew.
 bool Ring::reserve(size_t bytes, uint64_t* position) {
-    *position = mReserved.load(std::memory_order_relaxed);
+    *position = mReserved.load(std::memory_order_acquire);
     do {
-        if (*position + bytes - mReleased.load(std::memory_order_acquire) > mCapacity) return false;
+        if (*position + bytes > mReleased.load(std::memory_order_acquire) + mCapacity) return false;
     } while (!mReserved.compare_exchange_weak(*position, *position + bytes));
     return true;
 }
