@@ -17,9 +17,11 @@ namespace {
 
 /// Other processes recognise a dead one without this; it only keeps the folder tidy.
 void removeSocket() {
-    // A forked child ends in its own right, and the socket is its parent's.
+    // A forked child ends in its own right, and the socket is its parent's; raw clone() calls are not
+    // noticed.
     if (RuntimeFd::isForkedChild()) return;
     const Node& node = Node::instance();
+    if (getpid() != node.process) return;
     unlink(node.folder.pathOf(node.id.toString()).c_str());
 }
 
@@ -35,7 +37,10 @@ void removeSocket() {
 
 Node& Node::instance() {
     if (RuntimeFd::isForkedChild()) refuseForkedChild();
-    static Node* const node = patiently([] { return new Node(); });
+    static Node* const node = patiently([] {
+        RuntimeFd::noticeForks();
+        return new Node();
+    });
     static const int registered = std::atexit(removeSocket);
     static_cast<void>(registered);
     return *node;
