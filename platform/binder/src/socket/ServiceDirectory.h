@@ -49,6 +49,7 @@ class ServiceDirectory {
     std::string pathOf(const std::string& name) const { return mFolder.pathOf("service-" + name); }
 
     RuntimeFd openOrMake(const std::string& path, int flags) const;
+    RuntimeFd make(const std::string& path, int flags) const;
 
     const SocketFolder& mFolder;
     const mode_t mFileMode;
