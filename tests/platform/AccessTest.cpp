@@ -181,6 +181,8 @@ TEST_F(Strangers, WhoListenInTheFolderAreNotTalkedTo) {
     std::ofstream(folder / ("service-" + name)) << owner << ' ' << std::string(32, '8') << '\n';
     EXPECT_EQ(nullptr, defaultServiceManager()->checkService(String16(name.c_str())));
     EXPECT_EQ("0", stranger.expectLine());
+    std::filesystem::remove(folder / ("service-" + name));
+    std::filesystem::remove(folder / owner);
 }
 
 TEST_F(Strangers, OfTheGroupThatTheFolderIsOpenToAreServedAndCalledBack) {

@@ -1,7 +1,6 @@
 // Peers from within: what is counted for them when they die, and how they are told apart.
 #include <gtest/gtest.h>
-#include <sys/socket.h>
-#include <unistd.h>
+#include <sys/stat.h>
 
 #include <atomic>
 #include <cerrno>
@@ -87,18 +86,20 @@ TEST(SecretHash, SpreadsSecretsThatAreAlikeInOneHalf) {
 
 // Whoever finds a name behind which nobody listens takes its process for dead.
 TEST(SocketFolder, ShowsANameOnlyWhenSomebodyListensThere) {
-    constexpr int kDoors = 300;
     const SocketFolder folder(std::getenv("BINDER_RUNTIME_DIR"));
-    std::vector<RuntimeFd> doors;
+    std::vector<std::string> names(300);
+    for (std::string& name : names)
+        name = Secret::random().toString();
     std::atomic<int> refused{0};
     std::thread caller([&] {
-        for (int i = 0; i < kDoors; ++i) {
-            while (!folder.connect("door-" + std::to_string(i), false).isOpen())
+        for (const std::string& name : names) {
+            while (!folder.connect(name, false).isOpen())
                 refused += errno == ENOENT ? 0 : 1;
         }
     });
-    for (int i = 0; i < kDoors; ++i)
-        doors.push_back(folder.listen("door-" + std::to_string(i), S_IRWXU));
+    std::vector<RuntimeFd> doors;
+    for (const std::string& name : names)
+        doors.push_back(folder.listen(name, S_IRWXU));
     caller.join();
     EXPECT_EQ(0, refused);
 }

@@ -51,7 +51,7 @@ status_t Peer::dial(bool wait, RuntimeFd* fd, Credentials* credentials) {
 bool Peer::admits(const RuntimeFd& fd, Credentials* credentials) {
     if (!readCredentials(fd.get(), credentials)) return false;
     if (mNode.access.admits(fd.get(), *credentials)) return true;
-    mNode.refusals.tell(*credentials, "it is another user's");
+    mNode.refusals.tell(*credentials, "it listens here and is another user's");
     errno = EACCES;
     return false;
 }
