@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <fstream>
 
 #include "tests/platform/RawPeer.h"
 #include "tests/platform/TestObjects.h"
@@ -153,6 +154,35 @@ TEST_F(Strangers, CannotFillTheLog) {
         return line.text.find("is refused") != std::string::npos;
     });
     EXPECT_LE(refusals, 12) << "one a second";
+}
+
+/// Listens at the socket args[0], which root has let it have, and says how many bytes a caller sends it.
+CHILD_ROLE(strangerListens) {
+    const int listener = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    sockaddr_un address{AF_UNIX, {}};
+    args.at(0).copy(address.sun_path, sizeof(address.sun_path) - 1);
+    EXPECT_EQ(0, bind(listener, reinterpret_cast<const sockaddr*>(&address), sizeof(address)));
+    become(kStranger, kStranger);
+    EXPECT_EQ(0, listen(listener, 8));
+    parent.send("listening");
+    const int caller = accept(listener, nullptr, nullptr);
+    char said[64];
+    parent.send(std::to_string(recv(caller, said, sizeof(said), 0)));
+    parent.awaitHangUp();
+    return 0;
+}
+
+TEST_F(Strangers, WhoListenInTheFolderAreNotTalkedTo) {
+    const std::filesystem::path folder = mBase.parent_path();
+    const std::string owner(32, '7');
+    const std::string name = uniqueServiceName();
+    ChildProcess stranger("strangerListens", {(folder / owner).string()});
+    ASSERT_EQ("listening", stranger.expectLine());
+    std::ofstream(folder / ("service-" + name)) << owner << ' ' << std::string(32, '8') << '\n';
+    EXPECT_EQ(nullptr, defaultServiceManager()->checkService(String16(name.c_str())));
+    EXPECT_EQ("0", stranger.expectLine());
+    std::filesystem::remove(folder / ("service-" + name));
+    std::filesystem::remove(folder / owner);
 }
 
 TEST_F(Strangers, OfTheGroupThatTheFolderIsOpenToAreServedAndCalledBack) {

@@ -102,6 +102,23 @@ TEST_F(ClientWithoutDescriptors, FailsNewConnectionsAndRecovers) {
     expectSuccess(&client);
 }
 
+CHILD_ROLE(askForTheDescriptorWithoutDescriptors) {
+    const sp<IBinder> service = find(args.at(0));
+    leaveDescriptors(0);
+    const String16& none = service->getInterfaceDescriptor();
+    EXPECT_EQ(String16(), none);
+    leaveDescriptors(-1);
+    EXPECT_EQ(String16("test.Service"), service->getInterfaceDescriptor());
+    EXPECT_EQ(String16(), none) << "another thread may be reading it";
+    return 0;
+}
+
+TEST_F(ClientWithoutDescriptors, IsNotGivenAnInterfaceNameThatChangesLater) {
+    const ServiceProcess service;
+    ChildProcess client("askForTheDescriptorWithoutDescriptors", {service.name()});
+    expectSuccess(&client);
+}
+
 CHILD_ROLE(lookUpWithoutDescriptors) {
     const sp<IBinder> service = find(args.at(0));
     leaveDescriptors(0);

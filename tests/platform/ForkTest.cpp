@@ -149,6 +149,46 @@ CHILD_ROLE(forkBeforeTheFirstUse) {
     return 0;
 }
 
+/// Forks when it has looked at the runtime and talked to nobody yet.
+CHILD_ROLE(forkBeforeTheFirstConversation) {
+    const String16 name(args.at(0).c_str());
+    ProcessState::self();
+    int begin[2];
+    EXPECT_EQ(0, pipe(begin));
+    const pid_t child = fork();
+    if (child == 0) {
+        char byte = 0;
+        static_cast<void>(read(begin[0], &byte, 1));
+        std::exit(5);
+    }
+    EXPECT_EQ(NO_ERROR, defaultServiceManager()->addService(name, new BBinder));
+    EXPECT_EQ(1, write(begin[1], "x", 1));
+    int status = -1;
+    EXPECT_EQ(child, waitpid(child, &status, 0));
+    EXPECT_PRED1(ExitedWithCode(5), status);
+    parent.send("published");
+    parent.awaitHangUp();
+    return 0;
+}
+
+TEST(ForkedChild, LeavesItsParentFoundByOthers) {
+    const std::string name = uniqueServiceName();
+    ChildProcess process("forkBeforeTheFirstConversation", {name});
+    EXPECT_EQ("published", process.expectLine());
+    EXPECT_NE(nullptr, defaultServiceManager()->checkService(String16(name.c_str())));
+}
+
+CHILD_ROLE(useAfterAFork) {
+    ProcessState::self();
+    EXPECT_PRED1(KilledBySignal(SIGABRT), inForkedChild([] { defaultServiceManager()->listServices(); }));
+    return 0;
+}
+
+TEST(ForkedChild, HasNotItsParentsIdentity) {
+    ChildProcess process("useAfterAFork");
+    EXPECT_PRED1(ExitedWithCode(0), process.wait());
+}
+
 TEST(ForkedChild, MayUseTheRuntimeWhenItsParentHasNot) {
     const ServiceProcess service;
     ChildProcess child("forkBeforeTheFirstUse", {service.name()});

@@ -2,13 +2,17 @@
 // end, doors that nobody opens; and peers that pass for somebody else.
 #include <binder/IServiceManager.h>
 #include <gtest/gtest.h>
+#include <poll.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
 #include <array>
 #include <atomic>
+#include <chrono>
 #include <future>
 #include <memory>
+#include <thread>
+#include <vector>
 
 #include "tests/platform/OwnService.h"
 #include "tests/platform/TestService.h"
@@ -88,6 +92,29 @@ TEST(HostileService, HoldsUpOnlyItsCallerWithAnAnswerThatDoesNotEnd) {
     EXPECT_EQ(DEAD_OBJECT, status.get());
 }
 
+/// A service that hangs up in the middle of the first call, and lives until the gate opens.
+class MomentaryService {
+  public:
+    ~MomentaryService() { mGate.open(); }
+    const std::string& name() const { return mService.name(); }
+
+  private:
+    Gate mGate;
+    const RawService mService{[this](int calls) {
+        shutdown(calls, SHUT_RDWR);
+        mGate.pass();
+    }};
+};
+
+TEST(HostileService, ThatLosesAConnectionAndLivesIsNotDead) {
+    const MomentaryService service;
+    const sp<IBinder> object = find(service.name());
+    ASSERT_NE(nullptr, object);
+    EXPECT_EQ(FAILED_TRANSACTION, Call(object, kEcho).run());
+    EXPECT_TRUE(object->isBinderAlive());
+    EXPECT_EQ(NO_ERROR, Call(object, kEcho).send());
+}
+
 TEST(HostileService, MayCallBackAsOftenAsItLikes) {
     const RawService service([](int calls) {
         RawHeader call;
@@ -156,9 +183,79 @@ TEST_F(FullDoor, HoldsUpNoNoticesOfDeaths) {
     EXPECT_TRUE(recipient->isTold());
 }
 
+TEST_F(FullDoor, HoldsUpWhoWaitsForTheServiceBehindItNoLongerThanAMissingOne) {
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(nullptr, defaultServiceManager()->getService(String16(mDeaf.name().c_str())));
+    EXPECT_GT(std::chrono::seconds(9), std::chrono::steady_clock::now() - start);
+}
+
 TEST_F(FullDoor, HoldsUpNobodyWhoListsServices) {
     const auto names = defaultServiceManager()->listServices();
     EXPECT_LT(0u, names.size());
+}
+
+using ObjectOnItsWay = OwnService;
+
+TEST_F(ObjectOnItsWay, IsNotReplacedByNullWhenItsReceiverCannotBeLinkedJustNow) {
+#ifdef SANITIZER_USES_DESCRIPTORS
+    GTEST_SKIP() << "the sanitizer cannot do without descriptors";
+#endif
+    const DeafService caller(8);
+    RawHello hello;
+    hello.sender = RawAddress::of(caller.name()).owner;
+    RawPeer peer(address(), hello);
+    peer.send(soundCall());
+    EXPECT_TRUE(isAnswered(peer));
+    ASSERT_TRUE(leaveDescriptors(0));
+    RawHeader header = callHeader(24);
+    header.objectCount = 1;
+    peer.send(bytesOf(header) + std::string(24, '\0') +
+              bytesOf(RawRecord{0, 1, address().owner, address().token}));
+    RawHeader refusal;
+    refusal.kind = 3;
+    refusal.code = static_cast<uint32_t>(FAILED_TRANSACTION);
+    EXPECT_EQ(bytesOf(refusal), peer.receive(40));
+    leaveDescriptors(-1);
+}
+
+/// How many of the connections that are waiting at a door say that they are links; the others have been ended
+/// without a word.
+int linksAmong(const std::vector<int>& connections) {
+    int links = 0;
+    for (const int fd : connections) {
+        RawHello hello;
+        if (recv(fd, &hello, sizeof(hello), MSG_WAITALL) == sizeof(hello) && hello.kind == kLink) ++links;
+    }
+    return links;
+}
+
+TEST(CrowdedService, IsGivenOneLinkHoweverManyThreadsMeetItAtOnce) {
+    constexpr int kThreads = 16;
+    const DeafService service(0);
+    auto first = std::make_unique<RawPeer>(RawAddress::of(service.name()));
+    std::atomic<int> begun{0};
+    std::atomic<int> met{0};
+    std::vector<std::thread> threads;
+    for (int i = 0; i < kThreads; ++i) {
+        threads.emplace_back([&] {
+            ++begun;
+            met += find(service.name()) != nullptr ? 1 : 0;
+        });
+    }
+    EXPECT_TRUE(eventually([&] { return begun == kThreads; }));
+    first.reset();
+    std::vector<int> connections;
+    EXPECT_TRUE(eventually([&] {
+        pollfd door{service.listener(), POLLIN, 0};
+        if (poll(&door, 1, 0) == 0) return met == kThreads;
+        connections.push_back(accept4(service.listener(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
+        return false;
+    }));
+    for (std::thread& thread : threads)
+        thread.join();
+    EXPECT_EQ(1, linksAmong(connections));
+    for (const int fd : connections)
+        close(fd);
 }
 
 class Impostor : public OwnService {
@@ -180,6 +277,23 @@ TEST_F(Impostor, IsRefusedUnderTheNameOfALivingProcess) {
                         [this] { RawPeer(address(), helloInAnothersName(kLink)).isHungUpOn(); }));
     EXPECT_EQ(0, access(mVictim.socket.c_str(), F_OK)) << "others still find the process";
     EXPECT_EQ(5, ask(mService.object(), kEcho, 5));
+}
+
+TEST_F(Impostor, HasToWaitWhileThereIsNoDescriptorToAskThatProcessWith) {
+#ifdef SANITIZER_USES_DESCRIPTORS
+    GTEST_SKIP() << "the sanitizer cannot do without descriptors";
+#endif
+    const std::string name = uniqueServiceName();
+    ChildProcess stranger("makeMany", {name});
+    ASSERT_EQ("making", stranger.expectLine());
+    RawHello hello = helloFor(kLink);
+    hello.sender = RawAddress::of(name).owner;
+    ASSERT_TRUE(leaveDescriptors(2)) << "for either end of a connection";
+    RawPeer impostor(address(), hello);
+    EXPECT_TRUE(impostor.isTakenIn());
+    EXPECT_TRUE(impostor.isQuiet());
+    leaveDescriptors(-1);
+    EXPECT_TRUE(impostor.isHungUpOn());
 }
 
 TEST_F(Impostor, IsRefusedThoughNobodyHasMetThatProcessYet) {

@@ -115,6 +115,8 @@ class DeafService {
     DeafService& operator=(const DeafService&) = delete;
 
     const std::string& name() const { return mName; }
+    /// The door, for tests that let callers in after all.
+    int listener() const { return mListener; }
 
   private:
     const std::string mName;

@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iostream>
 #include <string>
 
 #include "tests/platform/TestObjects.h"
@@ -114,6 +115,30 @@ TEST_F(RuntimeFolder, IsInTheSessionsOwnUnlessItIsNamed) {
 TEST_F(RuntimeFolder, IsInTheTemporaryFolderWhenThereIsNoSession) {
     EXPECT_EQ(mBase / ("binder-" + std::to_string(geteuid())),
               chosenWith({"XDG_RUNTIME_DIR", "", "TMPDIR", mBase}));
+}
+
+/// Says which folder this process has chosen.
+CHILD_ROLE(sayFolder) {
+    std::cout << ProcessState::self()->getDriverName().string() << std::endl;
+    return 0;
+}
+
+// A copy of this program with another group's rights.
+TEST_F(RuntimeFolder, IsNotChosenByWhoeverStartsAProgramThatHasMoreRightsThanHe) {
+    if (geteuid() != 0) GTEST_SKIP() << "only root gives a program another group's rights";
+    constexpr gid_t kGroup = 43210;
+    const std::filesystem::path privileged = mBase / "privileged";
+    std::filesystem::copy_file("/proc/self/exe", privileged);
+    ASSERT_EQ(0, chown(privileged.c_str(), static_cast<uid_t>(-1), kGroup));
+    ASSERT_EQ(0, chmod(privileged.c_str(), S_ISGID | 0755));
+    const std::string output = mBase / "folder";
+    const std::string command = "TMPDIR='" + mBase.string() + "' XDG_RUNTIME_DIR='" + mBase.string() +
+                                "' exec '" + privileged.string() + "' --child=sayFolder " +
+                                std::to_string(getpid()) + " > '" + output + "'";
+    EXPECT_EQ(0, std::system(command.c_str()));
+    std::string chosen;
+    std::ifstream(output) >> chosen;
+    EXPECT_EQ("/tmp/binder-0", chosen);
 }
 
 TEST_F(RuntimeFolder, ThatCannotBeMadeFailsWithoutACrash) {

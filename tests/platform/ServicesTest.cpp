@@ -207,6 +207,18 @@ TEST(ServiceObject, MustBeOfThisProcess) {
     EXPECT_EQ(BAD_VALUE, add(uniqueServiceName(), service.object()));
 }
 
+TEST(ServiceEntry, IsNotKeptOutByWhoeverKnowsItsOwner) {
+    const std::string name = uniqueServiceName();
+    ASSERT_EQ(NO_ERROR, add(name, new BBinder));
+    const std::filesystem::path folder = std::getenv("BINDER_RUNTIME_DIR");
+    std::string owner;
+    std::ifstream(folder / ("service-" + name)) >> owner;
+    const std::filesystem::path obstacle = folder / ("new-" + owner);
+    std::filesystem::create_directory(obstacle);
+    EXPECT_EQ(NO_ERROR, add(name, new BBinder));
+    std::filesystem::remove(obstacle);
+}
+
 TEST(ServiceEntry, ThatCannotBeReadCountsAsNone) {
     const std::string name = uniqueServiceName();
     const std::string digits(32, 'a');

@@ -27,8 +27,11 @@ const String16& BpBinder::getInterfaceDescriptor() const {
     Parcel request;
     Parcel reply;
     const status_t status = const_cast<BpBinder*>(this)->transact(INTERFACE_TRANSACTION, request, &reply);
+    // Not the cache, to which another thread may write.
+    static const auto* const none = new String16();
+    if (status != NO_ERROR) return *none;
     const std::lock_guard<std::mutex> guard(mLock);
-    if (status == NO_ERROR && !mDescriptorCached) {
+    if (!mDescriptorCached) {
         mDescriptorCache = reply.readString16();
         mDescriptorCached = true;
     }

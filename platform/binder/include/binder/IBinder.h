@@ -56,7 +56,8 @@ class BINDER_EXPORT IBinder : public virtual RefBase {
     /// The name of the object's interface; a remote object is asked once and the answer kept.
     virtual const String16& getInterfaceDescriptor() const = 0;
 
-    /// False once a call or a death notice has shown that the hosting process is gone.
+    /// False once a call or a death notice has shown that the hosting process, or the object, is gone, or
+    /// that nothing it says can be understood.
     virtual bool isBinderAlive() const = 0;
 
     /// Calls the object without reaching its interface. @return NO_ERROR, or why it cannot be reached.
@@ -71,7 +72,8 @@ class BINDER_EXPORT IBinder : public virtual RefBase {
     /// what
     ///              an object of this process has written into it.
     /// @return what the object's onTransact() returned, DEAD_OBJECT when its process is gone, or
-    ///         FAILED_TRANSACTION when @p data is too large or could not be sent.
+    ///         FAILED_TRANSACTION when @p data is too large or could not be sent, or the call was lost though
+    ///         the process lives.
     virtual status_t transact(uint32_t code, const Parcel& data, Parcel* reply, uint32_t flags = 0) = 0;
 
     /// Asks for one call of @p recipient when the hosting process ends. Only a weak reference is kept, so

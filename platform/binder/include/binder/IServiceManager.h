@@ -18,10 +18,12 @@ class BINDER_EXPORT IServiceManager : public IInterface {
 
     /// @}
 
-    /// As checkService(), but waits up to 5 s for the service to appear.
+    /// As checkService(), but waits up to 5 s for the service to appear; an attempt that has begun by then is
+    /// not cut off.
     virtual sp<IBinder> getService(const String16& name) const = 0;
 
-    /// The service if it is there now, else null.
+    /// The service if it is there now, else null, after up to 5 s at the door of a process that lets nobody
+    /// in.
     virtual sp<IBinder> checkService(const String16& name) const = 0;
 
     /// Publishes @p service and keeps it alive until this process ends or publishes another under the name.

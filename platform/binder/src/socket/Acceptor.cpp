@@ -1,6 +1,7 @@
 #include "Acceptor.h"
 
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/epoll.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
@@ -40,8 +41,6 @@ bool isUsable(const Hello& hello, const PeerId& own) {
 bool Acceptor::open() {
     const std::lock_guard<std::mutex> guard(mLock);
     if (isOpenLocked()) return true;
-    // Nobody else has the name, so what lies there is of no use.
-    unlink(mNode.folder.pathOf(mNode.id.toString()).c_str());
     auto listener =
         std::make_shared<const RuntimeFd>(mNode.folder.listen(mNode.id.toString(), mNode.access.fileMode()));
     if (!listener->isOpen()) {
@@ -104,8 +103,29 @@ void Acceptor::greet(const std::shared_ptr<Greeting>& greeting) {
     if (waiting && greeting->watch == 0) return listenOn(greeting);
     if (waiting) return;
     end(greeting.get());
-    if (greeting->bytes == sizeof(Hello)) patiently([&] { admit(&greeting->fd, greeting->hello); });
+    if (greeting->bytes == sizeof(Hello)) return admit(greeting);
     greeting->fd.reset();
+}
+
+/// A connection that is closed here looks to its caller like the end of this process; so one of whom it
+/// cannot be found out just now who he is waits until it can.
+void Acceptor::admit(const std::shared_ptr<Greeting>& greeting) {
+    const Admission admission =
+        patiently([&] { return admit(&greeting->fd, greeting->hello, &greeting->who); });
+    if (admission == Admission::kUnclear && mayWait(greeting)) {
+        return patiently(
+            [&] { mNode.reactor.after(Reactor::kPause, [this, greeting] { admit(greeting); }); });
+    }
+    greeting->fd.reset();
+}
+
+/// @return false for one who has left, or leaves too many.
+bool Acceptor::mayWait(const std::shared_ptr<Greeting>& greeting) {
+    pollfd state{greeting->fd.get(), 0, 0};
+    if (poll(&state, 1, 0) > 0 && (state.revents & POLLHUP) != 0) return false;
+    if (!greeting->share) greeting->share = patiently([&] { return mQuota.take(greeting->who.pid); });
+    if (!greeting->share) mNode.refusals.tell(greeting->who, "nobody can say whether it poses as another");
+    return static_cast<bool>(greeting->share);
 }
 
 void Acceptor::listenOn(const std::shared_ptr<Greeting>& greeting) {
@@ -157,22 +177,30 @@ void Acceptor::sweep() {
     if (!mGreetings.empty()) patiently([this] { sweepLater(); });
 }
 
-/// A connection that is closed here looks to its caller like the end of this process, so its memory is waited
-/// for: until @p fd is taken over nothing has happened that cannot happen again.
-void Acceptor::admit(RuntimeFd* fd, const Hello& hello) {
-    Credentials credentials;
-    if (!readCredentials(fd->get(), &credentials)) return;
-    if (!mNode.access.admits(fd->get(), credentials))
-        return mNode.refusals.tell(credentials, "it is another user's");
-    if (!isUsable(hello, mNode.id)) {
-        return mNode.refusals.tell(credentials, "it does not speak this version of the protocol");
-    }
+/// Memory is waited for: until @p fd is taken over nothing has happened that cannot happen again.
+Acceptor::Admission Acceptor::admit(RuntimeFd* fd, const Hello& hello, Credentials* who) {
+    if (!readCredentials(fd->get(), who)) return Admission::kEnded;
+    if (!mNode.access.admits(fd->get(), *who)) return refuse(*who, "it is another user's");
+    if (!isUsable(hello, mNode.id)) return refuse(*who, "it does not speak this version of the protocol");
     const std::shared_ptr<Peer> peer = mNode.peers.get(hello.sender);
-    if (!peer->isOf(credentials)) return mNode.refusals.tell(credentials, "it poses as another process");
-    if (hello.kind == ConnectionKind::kLink) return peer->adoptLink(fd, credentials);
-    auto connection = std::make_unique<Connection>(std::move(*fd), hello.kind, peer, credentials);
+    const Claim claim = peer->claimOf(*who);
+    if (claim == Claim::kUnclear) return Admission::kUnclear;
+    if (claim == Claim::kFalse) return refuse(*who, "it poses as another process");
+    takeOver(fd, hello.kind, peer, *who);
+    return Admission::kEnded;
+}
+
+Acceptor::Admission Acceptor::refuse(const Credentials& who, const char* why) {
+    mNode.refusals.tell(who, why);
+    return Admission::kEnded;
+}
+
+void Acceptor::takeOver(RuntimeFd* fd, ConnectionKind kind, const std::shared_ptr<Peer>& peer,
+                        const Credentials& who) {
+    if (kind == ConnectionKind::kLink) return peer->adoptLink(fd, who);
+    auto connection = std::make_unique<Connection>(std::move(*fd), kind, peer, who);
     if (!patiently([&] { return mNode.workers.add(&connection); }))
-        mNode.refusals.tell(credentials, "it has too many connections");
+        mNode.refusals.tell(who, "it has too many connections");
 }
 
 }  // namespace android::runtime

@@ -16,6 +16,7 @@
 namespace android::runtime {
 
 class Node;
+class Peer;
 
 /// Runs on the reactor's thread, once it is open.
 class Acceptor {
@@ -40,6 +41,11 @@ class Acceptor {
         Quota::Share share;
     };
 
+    enum class Admission {
+        kEnded,    ///< it is taken over, or may be closed
+        kUnclear,  ///< to be asked again
+    };
+
     bool isOpenLocked() const;
     uint64_t watchListener(const Listener& listener);
     void rewatch();
@@ -52,7 +58,12 @@ class Acceptor {
     void endOldest();
     void sweepLater();
     void sweep();
-    void admit(RuntimeFd* fd, const Hello& hello);
+    void admit(const std::shared_ptr<Greeting>& greeting);
+    bool mayWait(const std::shared_ptr<Greeting>& greeting);
+    Admission admit(RuntimeFd* fd, const Hello& hello, Credentials* who);
+    Admission refuse(const Credentials& who, const char* why);
+    void takeOver(RuntimeFd* fd, ConnectionKind kind, const std::shared_ptr<Peer>& peer,
+                  const Credentials& who);
 
     Node& mNode;
     std::mutex mLock;  // guards the listener and its watch

@@ -7,8 +7,10 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
+#include <string>
 #include <vector>
 
+#include "../Environment.h"
 #include "../Log.h"
 
 namespace android::runtime {
@@ -50,11 +52,12 @@ bool isSupplementaryGroup(int fd, gid_t group) {
 }  // namespace
 
 Access::Access() {
-    const char* const name = std::getenv("BINDER_RUNTIME_GROUP");
-    if (name == nullptr || *name == '\0') return;
-    mGroup = groupNamed(name);
+    const std::string name = environment("BINDER_RUNTIME_GROUP");
+    if (name.empty()) return;
+    mGroup = groupNamed(name.c_str());
     if (!mGroup)
-        BINDER_LOGE("BINDER_RUNTIME_GROUP is '%s', which is no group; only this user is let in", name);
+        BINDER_LOGE("BINDER_RUNTIME_GROUP is '%s', which is no group; only this user is let in",
+                    name.c_str());
 }
 
 bool Access::admits(int fd, const Credentials& credentials) const {

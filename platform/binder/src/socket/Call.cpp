@@ -110,11 +110,10 @@ status_t awaitReply(Connection& connection, Parcel* reply, bool* intact, trace::
         }
         if (received == Received::kFrame && frame.header.kind == FrameKind::kCall) {
             if (serveCall(connection, &frame)) continue;
-            return DEAD_OBJECT;
+            return connection.peer()->lost();
         }
-        if (received != Received::kClosed) {
-            Node::instance().refusals.tell(connection.credentials(), "it breaks the protocol");
-        }
+        if (received == Received::kClosed) return connection.peer()->lost();
+        Node::instance().refusals.tell(connection.credentials(), "it breaks the protocol");
         return DEAD_OBJECT;
     }
 }
@@ -126,7 +125,10 @@ status_t callOn(Connection& connection, const FrameHeader& header, const Parcel&
     trace::Exchange traced(trace::Direction::kOut, connection.credentials());
     *intact = true;
     status_t status = sendFrame(connection, header, data, &traced);
-    if (status == DEAD_OBJECT) *intact = false;
+    if (status == DEAD_OBJECT) {
+        *intact = false;
+        status = connection.peer()->lost();
+    }
     if (status == NO_ERROR) status = awaitReply(connection, reply, intact, &traced);
     traced.end(header, status);
     slow.ended(status);

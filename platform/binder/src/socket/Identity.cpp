@@ -33,4 +33,20 @@ std::string Secret::toString() const {
     return text;
 }
 
+namespace {
+
+/// Spreads every bit over all others, one to one.
+uint64_t mixed(uint64_t bits) {
+    bits = (bits ^ (bits >> 33)) * 0xff51afd7ed558ccd;
+    bits = (bits ^ (bits >> 33)) * 0xc4ceb9fe1a85ec53;
+    return bits ^ (bits >> 33);
+}
+
+}  // namespace
+
+size_t SecretHash::operator()(const Secret& secret) const {
+    static const Secret key = Secret::random();
+    return static_cast<size_t>(mixed(mixed(secret.low ^ key.low) + (secret.high ^ key.high)));
+}
+
 }  // namespace android::runtime

@@ -35,9 +35,9 @@ struct Token : Secret {
     explicit Token(const Secret& secret) : Secret(secret) {}
 };
 
-/// The bits are random already.
+/// Different in every process, for another may choose its secrets so that they would meet in one place.
 struct SecretHash {
-    size_t operator()(const Secret& secret) const { return static_cast<size_t>(secret.low); }
+    size_t operator()(const Secret& secret) const;
 };
 
 }  // namespace android::runtime

@@ -17,9 +17,11 @@ namespace {
 
 /// Other processes recognise a dead one without this; it only keeps the folder tidy.
 void removeSocket() {
-    // A forked child ends in its own right, and the socket is its parent's.
+    // A forked child ends in its own right, and the socket is its parent's; raw clone() calls are not
+    // noticed.
     if (RuntimeFd::isForkedChild()) return;
     const Node& node = Node::instance();
+    if (getpid() != node.process) return;
     unlink(node.folder.pathOf(node.id.toString()).c_str());
 }
 
@@ -35,7 +37,10 @@ void removeSocket() {
 
 Node& Node::instance() {
     if (RuntimeFd::isForkedChild()) refuseForkedChild();
-    static Node* const node = patiently([] { return new Node(); });
+    static Node* const node = patiently([] {
+        RuntimeFd::noticeForks();
+        return new Node();
+    });
     static const int registered = std::atexit(removeSocket);
     static_cast<void>(registered);
     return *node;
@@ -65,12 +70,13 @@ sp<IBinder> Node::comeHome(const Token& token, Peer& sender) {
 sp<BBinder> Node::credit(const Token& token, const PeerId& beneficiary, int64_t change, Peer& passer) {
     if (beneficiary == id) return exports.adjust(token, passer.homecoming(), change);
     if (exports.find(token) == nullptr) return nullptr;
-    sp<BBinder> unheld = exports.adjust(token, beneficiary, change);
+    const auto holder = patiently([&] { return peers.get(beneficiary); });
+    sp<BBinder> unheld = holder->count(token, change);
     // One that is found dead loses its references at once.
-    const bool sought = patiently([&] { return peers.get(beneficiary)->seekLink(); });
+    const bool sought = patiently([&] { return holder->seekLink(); });
     if (sought || unheld != nullptr) return unheld;
     refusals.tell(passer.credentials(), "it passes objects on to too many that cannot be reached");
-    return exports.adjust(token, beneficiary, -change);
+    return holder->count(token, -change);
 }
 
 /// The notice empties what it shares with this function, so that the last reference ends there.

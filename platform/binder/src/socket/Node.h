@@ -1,6 +1,9 @@
 // This process among the others: everything that the socket transport consists of.
 #pragma once
 
+#include <sys/types.h>
+#include <unistd.h>
+
 #include <mutex>
 #include <string>
 
@@ -35,6 +38,7 @@ class Node {
     bool prepare();
 
     const PeerId id{Secret::random()};
+    const pid_t process{getpid()};
     const Access access;
     const SocketFolder folder;
     RefusalLog refusals;

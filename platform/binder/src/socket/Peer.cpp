@@ -1,6 +1,7 @@
 #include "Peer.h"
 
 #include <poll.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -24,6 +25,8 @@ constexpr size_t kMaxIdle = 16;
 /// How long the kernel may take to end a process whose end has shown.
 constexpr std::chrono::seconds kDying{1};
 
+Claim claim(bool isTrue) { return isTrue ? Claim::kTrue : Claim::kFalse; }
+
 }  // namespace
 
 Peer::Peer(Node& node, const PeerId& id) : mNode(node), mId(id), mHomecoming(Secret::random()) {
@@ -40,19 +43,34 @@ Peer::~Peer() {
 /// @return NO_ERROR; DEAD_OBJECT when nobody is there; FAILED_TRANSACTION when this process cannot ask.
 status_t Peer::dial(bool wait, RuntimeFd* fd, Credentials* credentials) {
     *fd = mNode.folder.connect(mId.toString(), wait);
-    if (fd->isOpen()) return readCredentials(fd->get(), credentials) ? NO_ERROR : FAILED_TRANSACTION;
-    const bool isGone = errno == ECONNREFUSED || (errno == ENOENT && !livesOn());
-    return isGone ? DEAD_OBJECT : FAILED_TRANSACTION;
+    if (fd->isOpen()) return admits(*fd, credentials) ? NO_ERROR : FAILED_TRANSACTION;
+    return errno == ECONNREFUSED || errno == ENOENT ? lost() : FAILED_TRANSACTION;
 }
 
-/// Whether a process whose socket is not to be found lives all the same: one that is about to end removes its
-/// socket first, and its link ends a moment later.
+/// Whether the process that listens may talk to this one; what lies in a shared folder may be anybody's.
+bool Peer::admits(const RuntimeFd& fd, Credentials* credentials) {
+    if (!readCredentials(fd.get(), credentials)) return false;
+    if (mNode.access.admits(fd.get(), *credentials)) return true;
+    mNode.refusals.tell(*credentials, "it listens here and is another user's");
+    errno = EACCES;
+    return false;
+}
+
+status_t Peer::lost() {
+    const int error = errno;
+    const status_t status = livesOn() ? FAILED_TRANSACTION : DEAD_OBJECT;
+    errno = error;
+    return status;
+}
+
+/// Whether a process whose socket is not to be found, or whose connection has ended, lives all the same: one
+/// that is about to end lets go of everything in turn, and its link ends a moment sooner or later.
 bool Peer::livesOn() {
     constexpr int kLastMomentsMs = 1000;
     std::shared_ptr<Link> link;
     {
         const std::lock_guard<std::mutex> guard(mLock);
-        if (mDead || mLinks.empty()) return false;
+        if (mDead || mGivenUp || mLinks.empty()) return false;
         link = mLinks.front();
     }
     return !awaitEvents(link->fd.get(), POLLRDHUP, kLastMomentsMs);
@@ -78,6 +96,7 @@ std::unique_ptr<Connection> Peer::open(ConnectionKind kind, bool wait, status_t*
             opened->setTimeLimits(LongWait::firstSpan(), LongWait::firstSpan());
         *status = introduce(opened->fd(), kind);
         if (*status == NO_ERROR) return opened;
+        if (*status == DEAD_OBJECT) *status = lost();
     }
     if (*status == FAILED_TRANSACTION) BINDER_LOGE("cannot connect to a peer: %s", strerror(errno));
     return nullptr;
@@ -96,9 +115,9 @@ std::unique_ptr<Connection> Peer::takeConnection(status_t* status) {
             return connection;
         }
     }
-    // One that could not be had when an object was received may be had now.
-    ensureLinked(true);
-    return open(ConnectionKind::kCall, true, status);
+    // One that could not be had when an object was received may be had now. The door is waited for once.
+    const bool isLinked = ensureLinked(true);
+    return open(ConnectionKind::kCall, isLinked, status);
 }
 
 void Peer::giveBack(std::unique_ptr<Connection> connection) {
@@ -117,18 +136,28 @@ Credentials Peer::credentials() {
 }
 
 /// Everybody can read the names of the others in the runtime folder; only the process itself listens there.
-bool Peer::isOf(const Credentials& credentials) {
+Claim Peer::claimOf(const Credentials& credentials) {
     {
         const std::lock_guard<std::mutex> guard(mLock);
-        if (mCredentials.pid != 0) return mCredentials.pid == credentials.pid;
+        if (mCredentials.pid != 0) return claim(mCredentials.pid == credentials.pid);
     }
     Credentials listener;
     const RuntimeFd door = mNode.folder.connect(mId.toString(), false);
-    if (!door.isOpen() || !readCredentials(door.get(), &listener)) return true;
-    if (listener.pid != credentials.pid) return false;
+    if (!door.isOpen()) return claimAtClosedDoor(credentials);
+    if (!readCredentials(door.get(), &listener)) return Claim::kUnclear;
+    if (listener.pid != credentials.pid) return Claim::kFalse;
     const std::lock_guard<std::mutex> guard(mLock);
     mCredentials = credentials;
-    return true;
+    return Claim::kTrue;
+}
+
+/// With errno of connect(). Behind a door that is another user's is at least that user.
+Claim Peer::claimAtClosedDoor(const Credentials& credentials) {
+    if (isPassing(errno) || errno == EMFILE || errno == ENFILE) return Claim::kUnclear;
+    if (errno != EACCES && errno != EPERM) return Claim::kTrue;
+    struct stat door {};
+    const int found = lstat(mNode.folder.pathOf(mId.toString()).c_str(), &door);
+    return claim(found != 0 || door.st_uid == credentials.uid);
 }
 
 /// What it takes is had or waited for: whoever it is to be told to would never hear of it otherwise.
@@ -136,13 +165,11 @@ void Peer::die() {
     std::vector<std::shared_ptr<Link>> links;
     std::vector<std::unique_ptr<Connection>> idle;
     std::vector<sp<BpBinder>> bereaved;
-    pid_t process = 0;
     {
         const std::lock_guard<std::mutex> guard(mLock);
         if (mDead) return;
         bereaved.reserve(mProxies.size());
         mDead = true;
-        process = mCredentials.pid;
         links.swap(mLinks);
         idle.swap(mIdle);
         for (const auto& [token, proxy] : mProxies) {
@@ -152,17 +179,26 @@ void Peer::die() {
     }
     for (const auto& link : links)
         mNode.reactor.forget(link->watch, link->fd.get());
+    // In front of forget(): who has the same identity afterwards is counted anew.
+    mNode.letGo(mNode.exports.dropHolder(mId));
     mNode.peers.forget(*this);
     patiently([this] { mNode.peers.noteDeath(mId); });
     patiently([this] { removeSocket(); });
-    mNode.letGo(mNode.exports.dropHolder(mId));
-    for (const sp<BpBinder>& binder : bereaved) {
-        patiently([&] {
-            mNode.notices.post("telling of the death of process " + std::to_string(process),
-                               [binder] { binder->sendObituary(); });
-        });
-    }
+    for (sp<BpBinder>& binder : bereaved)
+        tellOfDeath(std::move(binder));
     dropOneway();
+}
+
+/// The notice empties what it shares with this function: the proxy's end is foreign code, too.
+void Peer::tellOfDeath(sp<BpBinder> binder) {
+    const pid_t process = credentials().pid;
+    const auto kept = patiently([&] { return std::make_shared<sp<BpBinder>>(std::move(binder)); });
+    patiently([&] {
+        mNode.notices.post("telling of the death of process " + std::to_string(process), [kept] {
+            (*kept)->sendObituary();
+            *kept = nullptr;
+        });
+    });
 }
 
 /// A process whose link has ended may live on, and others may need its socket.

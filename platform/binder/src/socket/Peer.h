@@ -22,14 +22,21 @@ namespace android::runtime {
 class Node;
 class SocketRemote;
 
+/// What there is to a process's word that it is a certain peer.
+enum class Claim {
+    kTrue,     ///< it is, or nobody can be asked because nobody listens under that name
+    kFalse,    ///< somebody else is
+    kUnclear,  ///< whoever listens under that name cannot be asked just now
+};
+
 /// The links tell of its death, the connections carry calls to it, the proxies stand for its objects.
 ///
 /// A link is a connection that stays open as long as both processes live; its end is the other's death. There
 /// is at least one before an object goes either way. Both sides may open one at the same time; then both
 /// stay, because closing one would look like a death.
 ///
-/// mLock guards everything below it; under it nothing waits, no foreign code runs, and only Exports::mLock
-/// and Reactor::mLock are taken.
+/// mLock guards everything below it; under it nothing waits but for memory, no foreign code runs, and only
+/// Exports::mLock, Reactor::mLock and the leaves of quotas and refusals are taken.
 class Peer : public std::enable_shared_from_this<Peer> {
   public:
     Peer(Node& node, const PeerId& id);
@@ -48,9 +55,8 @@ class Peer : public std::enable_shared_from_this<Peer> {
     /// Takes over a link that the peer opened, or throws std::bad_alloc and leaves it.
     void adoptLink(RuntimeFd* fd, const Credentials& credentials);
 
-    /// Whether this peer is what the process at the other end of a connection may call itself: that process,
-    /// or one that cannot be asked.
-    bool isOf(const Credentials& credentials);
+    /// Whether the process at the other end of a connection may call itself this peer.
+    Claim claimOf(const Credentials& credentials);
     /// All zero as long as they are not known.
     Credentials credentials();
     /// The holder, in Exports, of this process's own objects while the peer sends them back, so that the
@@ -63,6 +69,10 @@ class Peer : public std::enable_shared_from_this<Peer> {
     /// @param status why: DEAD_OBJECT or FAILED_TRANSACTION.
     std::unique_ptr<Connection> takeConnection(status_t* status);
     void giveBack(std::unique_ptr<Connection> connection);
+
+    /// What a call ends with whose connection is gone: DEAD_OBJECT, or FAILED_TRANSACTION when the process
+    /// lives on, which takes up to a second to find out.
+    status_t lost();
 
     /// Sends a one-way call after all that were sent before. FAILED_TRANSACTION when the peer takes none in.
     status_t sendOneway(const FrameHeader& header, const void* data, const std::vector<ObjectRecord>& records,
@@ -83,6 +93,9 @@ class Peer : public std::enable_shared_from_this<Peer> {
     /// @return NO_ERROR; FAILED_TRANSACTION when the peer has too many objects.
     status_t lend(const sp<BBinder>& object, Token* token);
     void takeBack(const Token& token);
+    /// Adds @p change to the peer's references to an object of this process; one that is dead has none.
+    /// @return the object when nobody holds it any more, to be released by the caller.
+    sp<BBinder> count(const Token& token, int64_t change);
 
     /// Says that the peer's own object named by @p token is about to be given to @p beneficiary; said in
     /// front, so that the object outlives a giver who dies in the middle.
@@ -106,7 +119,9 @@ class Peer : public std::enable_shared_from_this<Peer> {
         SocketRemote* remote = nullptr;  // valid as long as the binder
     };
 
+    Claim claimAtClosedDoor(const Credentials& credentials);
     status_t dial(bool wait, RuntimeFd* fd, Credentials* credentials);
+    bool admits(const RuntimeFd& fd, Credentials* credentials);
     status_t introduce(int fd, ConnectionKind kind) const;
     std::unique_ptr<Connection> open(ConnectionKind kind, bool wait, status_t* status);
     bool livesOn();
@@ -120,10 +135,14 @@ class Peer : public std::enable_shared_from_this<Peer> {
     void removeSocket();
     void tell(const LinkMessage& message);
     void tellForSure(const LinkMessage& message);
-    sp<BpBinder> knownProxy(const Token& token, bool* dead);
+    sp<BpBinder> knownProxy(const Token& token);
     sp<BpBinder> newProxy(const Token& token, bool* dead);
     void flushLocked();
     void giveUpLocked();
+    void endLinks();
+    int sendOutboxLocked(const Link& link);
+    bool flushesLaterLocked();
+    void flushAgain();
     bool hasOnewayRoom();
     void finishOnewayLater();
     void finishOneway();
@@ -131,6 +150,7 @@ class Peer : public std::enable_shared_from_this<Peer> {
     bool hasTooManyProxies(const Token& token);
     bool isHungUp();
     void die();
+    void tellOfDeath(sp<BpBinder> binder);
 
     Node& mNode;
     const PeerId mId;
@@ -142,7 +162,8 @@ class Peer : public std::enable_shared_from_this<Peer> {
     Credentials mCredentials;
     Quota::Share mSeeking;  // while a timer tries to open a link
     std::vector<std::shared_ptr<Link>> mLinks;
-    std::string mOutbox;  // link messages that the first link had no room for
+    std::string mOutbox;     // link messages that the first link had no room for
+    bool mFlushing = false;  // a timer sends them
     std::vector<std::unique_ptr<Connection>> mIdle;
     std::unordered_map<Token, Proxy, SecretHash> mProxies;
 

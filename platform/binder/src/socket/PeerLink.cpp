@@ -1,6 +1,7 @@
 // A peer's links: how they come to be, what is said on them, and how long to try.
 #include <poll.h>
 #include <sys/epoll.h>
+#include <sys/ioctl.h>
 #include <sys/socket.h>
 
 #include <algorithm>
@@ -15,6 +16,13 @@
 #include "Peer.h"
 
 namespace android::runtime {
+
+namespace {
+
+/// Room for link messages, in bytes, that stays between two of them.
+constexpr size_t kMostKeptOutbox = 4096;
+
+}  // namespace
 
 bool Peer::ensureLinked(bool wait) {
     {
@@ -37,7 +45,11 @@ bool Peer::seekLink() {
         mSeeking = mNode.unreached.take(0);
         if (!mSeeking) return false;
     }
-    later(&Peer::seekAgain);
+    elseUndo([this] { later(&Peer::seekAgain); },
+             [this] {
+                 const std::lock_guard<std::mutex> guard(mLock);
+                 mSeeking = {};
+             });
     return true;
 }
 
@@ -62,6 +74,8 @@ status_t Peer::addLink(RuntimeFd* fd, const Credentials& credentials, Quota::Sha
     link->share = std::move(share);
     const std::lock_guard<std::mutex> guard(mLock);
     if (mDead) return DEAD_OBJECT;
+    // Of threads that meet a peer at once, one opens a link; more would be more than the other end takes.
+    if (isOurs && !mLinks.empty()) return NO_ERROR;
     mLinks.reserve(mLinks.size() + 1);
     watchLink(link, fd);
     if (link->watch == 0) return FAILED_TRANSACTION;
@@ -120,10 +134,10 @@ bool Peer::obey(const LinkMessage& message) {
     sp<BBinder> unheld;
     switch (message.kind) {
         case LinkMessageKind::kAcquire:
-            mNode.exports.adjust(message.token, mId, 1);
+            unheld = count(message.token, 1);
             break;
         case LinkMessageKind::kRelease:
-            unheld = mNode.exports.adjust(message.token, mId, -int64_t{message.count});
+            unheld = count(message.token, -int64_t{message.count});
             break;
         case LinkMessageKind::kTransfer:
             unheld = mNode.credit(message.token, message.beneficiary, 1, *this);
@@ -145,7 +159,9 @@ void Peer::tell(const LinkMessage& message) {
     if (mDead || mGivenUp) return;
     mOutbox.append(reinterpret_cast<const char*>(&message), sizeof(message));
     flushLocked();
-    if (mOutbox.size() > kMostOutboxBytes) giveUpLocked();
+    if (mOutbox.size() <= kMostOutboxBytes) return;
+    mNode.refusals.tell(mCredentials, "it does not read its link");
+    giveUpLocked();
 }
 
 /// For what must be said although nobody could do anything about a failure.
@@ -160,13 +176,29 @@ void Peer::tellForSure(const LinkMessage& message) {
 /// Without what it was told of references, the peer is of no use. When there is no memory to say so, the next
 /// message tries again.
 void Peer::giveUpLocked() {
-    mNode.refusals.tell(mCredentials, "it does not read its link");
     unlessExhausted([this] {
-        mNode.reactor.after(std::chrono::milliseconds(0), [self = shared_from_this()] { self->die(); });
+        mNode.reactor.after(std::chrono::milliseconds(0), [self = shared_from_this()] { self->endLinks(); });
         mGivenUp = true;
         std::string().swap(mOutbox);
         return NO_ERROR;
     });
+}
+
+/// What the peer said before still counts: it may have passed objects on to others.
+void Peer::endLinks() {
+    std::vector<std::shared_ptr<Link>> links;
+    patiently([&] {
+        const std::lock_guard<std::mutex> guard(mLock);
+        links = mLinks;
+    });
+    for (const auto& link : links) {
+        int waiting = 0;
+        ioctl(link->fd.get(), FIONREAD, &waiting);
+        for (size_t left = static_cast<size_t>(waiting) / sizeof(LinkMessage) + 1;
+             left > 0 && readLink(link.get()); --left) {
+        }
+    }
+    patiently([this] { die(); });
 }
 
 /// Always on the first link, so that messages keep their order. They wait while there is none: a process may
@@ -174,15 +206,43 @@ void Peer::giveUpLocked() {
 void Peer::flushLocked() {
     if (mLinks.empty()) return;
     Link& link = *mLinks.front();
+    const int error = sendOutboxLocked(link);
+    // A link that will never take anything again, and one for which the kernel has no memory, are "ready" all
+    // the time.
+    if (isHangUp(error)) giveUpLocked();
+    const bool rests = mOutbox.empty() || (error != EAGAIN && flushesLaterLocked());
+    mNode.reactor.change(link.watch, link.fd.get(), rests ? EPOLLIN : EPOLLIN | EPOLLOUT);
+}
+
+/// @return 0 when all of it is out, else why not.
+int Peer::sendOutboxLocked(const Link& link) {
     while (!mOutbox.empty()) {
         const ssize_t sent = send(link.fd.get(), mOutbox.data(), mOutbox.size(), MSG_DONTWAIT | MSG_NOSIGNAL);
         if (sent > 0) {
             mOutbox.erase(0, static_cast<size_t>(sent));
         } else if (errno != EINTR) {
-            break;
+            return errno;
         }
     }
-    mNode.reactor.change(link.watch, link.fd.get(), mOutbox.empty() ? EPOLLIN : EPOLLIN | EPOLLOUT);
+    if (mOutbox.capacity() > kMostKeptOutbox) std::string().swap(mOutbox);
+    return 0;
+}
+
+/// @return whether a timer tries again.
+bool Peer::flushesLaterLocked() {
+    if (mFlushing) return true;
+    const status_t arranged = unlessExhausted([this] {
+        mNode.reactor.after(Reactor::kPause, [self = shared_from_this()] { self->flushAgain(); });
+        return NO_ERROR;
+    });
+    mFlushing = arranged == NO_ERROR;
+    return mFlushing;
+}
+
+void Peer::flushAgain() {
+    const std::lock_guard<std::mutex> guard(mLock);
+    mFlushing = false;
+    flushLocked();
 }
 
 /// The kernel knows of a death before the reactor does.

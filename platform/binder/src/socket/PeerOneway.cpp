@@ -28,7 +28,10 @@ status_t Peer::sendOneway(const FrameHeader& header, const void* data,
     if (!hasOnewayRoom()) return FAILED_TRANSACTION;
     trace::oneway(trace::Direction::kOut, mOneway->credentials(), header, {data, records});
     status = mOneway->send(header, data, records, fds);
-    if (status == DEAD_OBJECT) mOneway.reset();
+    if (status == DEAD_OBJECT) {
+        mOneway.reset();
+        return lost();
+    }
     if (mOneway != nullptr && mOneway->hasUnsent() && !hasOnewayRoom()) finishOnewayLater();
     return status;
 }

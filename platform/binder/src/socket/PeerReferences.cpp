@@ -15,20 +15,21 @@ namespace android::runtime {
 sp<IBinder> Peer::receive(const Token& token) {
     seekLink();
     if (hasTooManyProxies(token)) return nullptr;
+    sp<BpBinder> binder = knownProxy(token);
+    if (binder != nullptr) return binder;
     bool dead = false;
-    sp<BpBinder> binder = knownProxy(token, &dead);
-    if (binder == nullptr) binder = newProxy(token, &dead);
-    if (dead) binder->sendObituary();
+    binder = newProxy(token, &dead);
+    if (dead) tellOfDeath(binder);
     return binder;
 }
 
-/// The proxy that there is already, with one reference more; else null.
-sp<BpBinder> Peer::knownProxy(const Token& token, bool* dead) {
+/// The proxy that there is already, with one reference more; else null. One of a dead peer hears of the death
+/// from whoever found it.
+sp<BpBinder> Peer::knownProxy(const Token& token) {
     const std::lock_guard<std::mutex> guard(mLock);
     const auto proxy = mProxies.find(token);
     sp<BpBinder> binder = proxy != mProxies.end() ? proxy->second.binder.promote() : nullptr;
     if (binder != nullptr) ++proxy->second.remote->received;
-    *dead = mDead;
     return binder;
 }
 
@@ -97,7 +98,7 @@ void Peer::forget(const SocketRemote& remote) {
 
 status_t Peer::lend(const sp<BBinder>& object, Token* token) {
     *token = {};
-    if (!ensureLinked(false)) return NO_ERROR;
+    if (!ensureLinked(false)) return isDead() ? NO_ERROR : FAILED_TRANSACTION;
     const std::lock_guard<std::mutex> guard(mLock);
     if (mDead) return NO_ERROR;
     *token = mNode.exports.lend(object, mId);
@@ -106,7 +107,13 @@ status_t Peer::lend(const sp<BBinder>& object, Token* token) {
     return FAILED_TRANSACTION;
 }
 
-void Peer::takeBack(const Token& token) { mNode.letGo(mNode.exports.adjust(token, mId, -1)); }
+void Peer::takeBack(const Token& token) { mNode.letGo(count(token, -1)); }
+
+/// Under the lock: what was counted after die() had dropped all would never be dropped.
+sp<BBinder> Peer::count(const Token& token, int64_t change) {
+    const std::lock_guard<std::mutex> guard(mLock);
+    return mDead ? nullptr : mNode.exports.adjust(token, mId, change);
+}
 
 void Peer::tellPassingOn(const Token& token, const PeerId& beneficiary) {
     tell({LinkMessageKind::kTransfer, 1, token, beneficiary});

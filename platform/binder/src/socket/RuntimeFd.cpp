@@ -78,4 +78,6 @@ void RuntimeFd::reset() {
 
 bool RuntimeFd::isForkedChild() { return gForkedChild; }
 
+void RuntimeFd::noticeForks() { FdList::instance(); }
+
 }  // namespace android::runtime

@@ -22,6 +22,8 @@ class RuntimeFd {
 
     /// Whether this process was forked off from one that had used the runtime: nothing of it works here.
     static bool isForkedChild();
+    /// Sees to it that isForkedChild() tells, from now on; the first descriptor does so, too.
+    static void noticeForks();
 
   private:
     int mFd = -1;

@@ -4,19 +4,14 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdlib>
 #include <cstring>
 
+#include "../Environment.h"
 #include "../Log.h"
 
 namespace android::runtime {
 
 namespace {
-
-std::string environment(const char* name) {
-    const char* const value = std::getenv(name);
-    return value != nullptr ? value : "";
-}
 
 /// Whoever may write here could pose as any service, so the folder must be this user's alone. One that a
 /// group shares keeps its members from each other's files.

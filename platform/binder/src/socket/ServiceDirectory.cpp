@@ -62,15 +62,21 @@ int ServiceDirectory::read(const std::string& name, ServiceEntry* entry) const {
 }
 
 /// Opened first and made only when it is missing: in a shared folder the kernel lets nobody "create" a file
-/// that another user has. The mode holds whatever the process's umask is.
+/// that another user has.
 RuntimeFd ServiceDirectory::openOrMake(const std::string& path, int flags) const {
     for (;;) {
         RuntimeFd file(open(path.c_str(), flags | O_CLOEXEC | O_NOFOLLOW));
         if (file.isOpen() || errno != ENOENT) return file;
-        file = RuntimeFd(open(path.c_str(), flags | O_CREAT | O_EXCL | O_CLOEXEC, mFileMode));
-        if (file.isOpen()) fchmod(file.get(), mFileMode);
+        file = make(path, flags);
         if (file.isOpen() || errno != EEXIST) return file;
     }
+}
+
+/// A file that is not there yet. The mode holds whatever the process's umask is.
+RuntimeFd ServiceDirectory::make(const std::string& path, int flags) const {
+    RuntimeFd file(open(path.c_str(), flags | O_CREAT | O_EXCL | O_CLOEXEC, mFileMode));
+    if (file.isOpen()) fchmod(file.get(), mFileMode);
+    return file;
 }
 
 int ServiceDirectory::publish(const std::string& name, const ServiceEntry& entry) const {
@@ -95,9 +101,10 @@ int ServiceDirectory::refuse(const std::string& name, const ServiceEntry& entry)
 /// Beside the entry first, then in its place: a reader sees the old one or the new one.
 int ServiceDirectory::write(const std::string& name, const ServiceEntry& entry) const {
     const std::string text = entry.owner.toString() + " " + entry.token.toString() + "\n";
-    const std::string beside = mFolder.pathOf("new-" + entry.owner.toString());
+    // A name that nobody guesses: one that somebody else has taken could not be written to.
+    const std::string beside = mFolder.pathOf("new-" + Secret::random().toString());
     const std::string place = pathOf(name);
-    const RuntimeFd file = openOrMake(beside, O_WRONLY | O_TRUNC | O_NONBLOCK);
+    const RuntimeFd file = make(beside, O_WRONLY);
     if (!file.isOpen()) return -errno;
     const ssize_t size = ::write(file.get(), text.data(), text.size());
     const bool written = size == static_cast<ssize_t>(text.size());

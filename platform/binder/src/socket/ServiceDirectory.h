@@ -37,7 +37,8 @@ class ServiceDirectory {
     /// Whether the process still listens. @return NO_ERROR, DEAD_OBJECT, or the system's error.
     int probe(const PeerId& owner) const;
 
-    /// Waits until an entry may have changed or @p deadline has come; @p condition is asked before and after.
+    /// Waits until an entry may have changed or @p deadline has come; @p condition is asked before and after,
+    /// and not cut off.
     template <typename Condition>
     bool waitUntil(std::chrono::steady_clock::time_point deadline, const Condition& condition) const;
 
@@ -49,6 +50,7 @@ class ServiceDirectory {
     std::string pathOf(const std::string& name) const { return mFolder.pathOf("service-" + name); }
 
     RuntimeFd openOrMake(const std::string& path, int flags) const;
+    RuntimeFd make(const std::string& path, int flags) const;
 
     const SocketFolder& mFolder;
     const mode_t mFileMode;
@@ -58,6 +60,8 @@ template <typename Condition>
 bool ServiceDirectory::waitUntil(std::chrono::steady_clock::time_point deadline,
                                  const Condition& condition) const {
     if (condition()) return true;
+    // To ask may have taken its time, too.
+    if (std::chrono::steady_clock::now() >= deadline) return false;
     // Watched before the condition is asked again, so that no change slips through.
     RuntimeFd watch = watchFolder();
     while (!condition()) {

@@ -11,11 +11,13 @@
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
+#include <cstdio>
 #include <cstring>
 #include <utility>
 
 #include "../OutOfMemory.h"
 #include "Frame.h"
+#include "Identity.h"
 
 namespace android::runtime {
 
@@ -45,8 +47,6 @@ void awaitMemory() {
     poll(nullptr, 0, kPauseMs);
 }
 
-bool isHangUp(int error) { return error == EPIPE || error == ECONNRESET; }
-
 /// Drops the first @p count bytes and the parts that are empty then.
 void advance(msghdr* message, size_t count) {
     while (message->msg_iovlen > 0 && (count > 0 || message->msg_iov->iov_len == 0)) {
@@ -62,6 +62,8 @@ void advance(msghdr* message, size_t count) {
 }
 
 }  // namespace
+
+bool isHangUp(int error) { return error == EPIPE || error == ECONNRESET; }
 
 bool isPassing(int error) { return error == EAGAIN || error == EINTR || error == ENOMEM || error == ENOBUFS; }
 
@@ -100,10 +102,15 @@ bool SocketFolder::address(const std::string& name, sockaddr_un* out, RuntimeFd*
 RuntimeFd SocketFolder::listen(const std::string& name, mode_t mode) const {
     sockaddr_un where{};
     RuntimeFd folder;
-    if (!address(name, &where, &folder)) return {};
+    if (!address("new-" + Secret::random().toString(), &where, &folder)) return {};
     RuntimeFd fd = newSocket(SOCK_NONBLOCK);
     if (!fd.isOpen() || bind(fd.get(), generic(where), sizeof(where)) != 0) return {};
-    if (chmod(where.sun_path, mode) == 0 && ::listen(fd.get(), kBacklog) == 0) return fd;
+    // Under its name only when somebody listens: until then it looks like that of a dead process. The name of
+    // before is one that nobody guesses, or somebody else could have taken it.
+    if (chmod(where.sun_path, mode) == 0 && ::listen(fd.get(), kBacklog) == 0 &&
+        rename(where.sun_path, pathOf(name).c_str()) == 0) {
+        return fd;
+    }
     // The name is free again for the next attempt.
     const int error = errno;
     unlink(where.sun_path);

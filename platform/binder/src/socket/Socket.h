@@ -27,7 +27,8 @@ class SocketFolder {
     const std::string& path() const { return mPath; }
     std::string pathOf(const std::string& name) const { return mPath + "/" + name; }
 
-    /// A listening socket under @p name; closed when it cannot be had, with errno set.
+    /// A listening socket under @p name, in the place of what may lie there; closed when it cannot be had,
+    /// with errno set.
     /// @param mode of its file: who may write to it may connect.
     RuntimeFd listen(const std::string& name, mode_t mode) const;
     /// A connection to the socket @p name; closed when nobody listens there, with errno set.
@@ -47,6 +48,8 @@ class SocketFolder {
 /// Whether that error of a socket passes: the socket is as good as before, and the same may go well next
 /// time.
 bool isPassing(int error);
+/// Whether that error of sending says that nobody will ever read there again.
+bool isHangUp(int error);
 
 /// Waits until one of @p events, or the other end's hanging up, comes to @p fd, whatever signals come
 /// meanwhile.

@@ -65,8 +65,8 @@ void SocketTransport::withdraw(const Token& token) { mNode.letGo(mNode.exports.a
 
 sp<IBinder> SocketTransport::find(const std::string& name, std::chrono::milliseconds patience) {
     if (!mNode.prepare()) return nullptr;
-    sp<IBinder> service = findNow(name);
-    if (service != nullptr || patience.count() == 0) return service;
+    if (patience.count() == 0) return findNow(name);
+    sp<IBinder> service;
     mDirectory.waitUntil(std::chrono::steady_clock::now() + patience, [&] {
         service = findNow(name);
         return service != nullptr;
