@@ -1,5 +1,5 @@
-// What the simulated service lays down for the numbers that the interfaces leave to a service: the statuses that it
-// answers, and the enumerators that it has in common with the examples.
+// What the simulated service lays down for the numbers that the interfaces leave to a service: the statuses
+// that it answers, and the enumerators that it has in common with the examples.
 #pragma once
 
 #include "examples/Enumerators.h"
