@@ -64,7 +64,7 @@ std::string AudioListener::told() {
 }
 
 int AudioListener::note(const std::string& operation, unsigned int accessoryId) {
-    if (meanwhile) meanwhile();
+    meanwhile();
     const std::lock_guard lock(mLock);
     mTold += operation + '(' + std::to_string(accessoryId) + ")|";
     return answer;

@@ -6,13 +6,13 @@
 #include <binder/Parcel.h>
 
 #include <atomic>
-#include <functional>
 #include <iosfwd>
 #include <mutex>
 #include <string>
 #include <vector>
 
 #include "tests/AccessoryManager/Bytes.h"
+#include "tests/support/Meanwhile.h"
 
 namespace accessory::test {
 
@@ -63,7 +63,7 @@ class AudioService : public AppleUSBAudioManagerImplItf {
 class AudioListener : public AppleUSBAudioManagerNotifierImplItf {
   public:
     std::atomic<int> answer{0};
-    std::function<void()> meanwhile;  ///< runs in every call, before it is noted
+    Meanwhile meanwhile;  ///< runs in every call, before it is noted
 
     std::string told();
 

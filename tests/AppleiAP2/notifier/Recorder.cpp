@@ -23,7 +23,7 @@ std::vector<std::string> Recorder::takeTold() {
 
 template <typename... Arguments>
 int Recorder::note(const char* operation, unsigned int accId, const Arguments&... arguments) {
-    if (meanwhile) meanwhile();
+    meanwhile();
     std::string call = operation + ("(" + show(accId) + ... + (", " + show(arguments))) + ")";
     const std::lock_guard lock(mLock);
     mTold.push_back(std::move(call));

@@ -5,18 +5,19 @@
 #include <accessory/IAppleiAP2ManagerNotifier.h>
 
 #include <atomic>
-#include <functional>
 #include <mutex>
 #include <string>
 #include <vector>
+
+#include "tests/support/Meanwhile.h"
 
 namespace accessory::test {
 
 /// For calls from any threads.
 class Recorder : public AppleiAP2ManagerNotifierImplItf {
   public:
-    std::atomic<int> answer{0};       ///< of every operation
-    std::function<void()> meanwhile;  ///< runs in every call, before it is noted; set before the first call
+    std::atomic<int> answer{0};  ///< of every operation
+    Meanwhile meanwhile;         ///< runs in every call, before it is noted
 
     /// What was told since the last time.
     std::vector<std::string> takeTold();

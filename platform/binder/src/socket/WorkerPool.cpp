@@ -77,10 +77,11 @@ bool WorkerPool::add(std::unique_ptr<Connection>* connection) {
     return true;
 }
 
-/// The kernel refuses for want of memory only.
+/// From the system call on it may be another thread's. The kernel refuses for want of memory only.
 bool WorkerPool::watch(Connection& connection, int operation) const {
     epoll_event event{eventsOf(connection), {}};
     event.data.ptr = &connection;
+    connection.handOver();
     return epoll_ctl(mEpoll.get(), operation, connection.fd(), &event) == 0;
 }
 
@@ -201,7 +202,6 @@ bool WorkerPool::mayStay(int servedHere) {
 void WorkerPool::putBack(Connection& connection) {
     if (connection.held() != connection.counted && !count(connection))
         return drop(connection, "it leaves too much half sent or half read");
-    connection.handOver();
     watch(connection, EPOLL_CTL_MOD);
 }
 
