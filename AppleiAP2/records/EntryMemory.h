@@ -47,6 +47,7 @@ class Packed final : public Record {
     explicit Packed(Arguments&&... arguments) : Record(std::forward<Arguments>(arguments)...) {}
 
     static void* operator new(size_t bytes, EntryMemory& memory) { return memory.take(bytes); }
+    // What delete calls has no memory at hand. NOLINTNEXTLINE(misc-new-delete-overloads)
     static void operator delete(void* entry) { EntryMemory::release(entry); }
     static void operator delete(void* entry, EntryMemory& /*memory*/) { EntryMemory::release(entry); }
 };

@@ -43,10 +43,11 @@ bool isUnderstood(const ctl::Request& request) {
 
 bool isRefusedOrUnderstood(std::vector<std::string> words) {
     try {
-        const ctl::Target target = ctl::targetOf(words.front());
-        if (target.operations.empty()) return true;
+        const std::string called = words.front();
         words.erase(words.begin());
-        return isUnderstood(ctl::requestOf(target, words));
+        const std::vector<ctl::Target> targets = ctl::targetsOf(called, {"call", words});
+        if (targets.front().operations.empty()) return true;
+        return isUnderstood(ctl::requestOf(targets, words));
     } catch (const ctl::Failure& failure) {
         return failure.status == ctl::kWrongUsage && failure.what()[0] != '\0';
     }
