@@ -98,10 +98,12 @@ bool Session::registers(int pid, size_t client) {
     return answerTo(pid, kSetNotifier, request) == 0;
 }
 
+/// Who is registered has registered a second time, which changes nothing.
 bool Session::registersNobody(int pid) {
     android::Parcel request;
     begin(&request).writeStrongBinder(nullptr);
-    return answerTo(pid, kSetNotifier, request) == android::BAD_VALUE;
+    const int32_t expected = mRegistered.count(pid) != 0 ? android::NO_ERROR : android::BAD_VALUE;
+    return answerTo(pid, kSetNotifier, request) == expected;
 }
 
 bool Session::deregisters(int pid) {
