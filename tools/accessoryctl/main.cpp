@@ -10,7 +10,7 @@
 
 #include "tools/LogPriority.h"
 #include "tools/accessoryctl/BinderCalls.h"
-#include "tools/accessoryctl/CommandWords.h"
+#include "tools/accessoryctl/Usage.h"
 #include "tools/accessoryctl/Verbs.h"
 #include "tools/capture/Decode.h"
 

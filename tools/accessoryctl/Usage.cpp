@@ -1,4 +1,4 @@
-#include "tools/accessoryctl/CommandWords.h"
+#include "tools/accessoryctl/Usage.h"
 
 #include <algorithm>
 #include <cstdio>
