@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "tests/AccessoryManager/Bytes.h"
+#include "tests/AccessoryManager/Spelling.h"
 #include "tests/AccessoryManager/TestService.h"
 #include "tests/support/LogCatcher.h"
 
@@ -23,10 +24,6 @@ using android::String8;
 
 /// More than any transaction carries.
 constexpr size_t kTooLong = 2 << 20;
-
-std::string text(const String8& string) { return std::string(string.string(), string.size()); }
-
-String8 string8Of(const std::string& text) { return String8(text.data(), text.size()); }
 
 std::string callingLine(uint32_t code) {
     return "6 Calling MSG[" + std::to_string(code) + "]: PID=" + std::to_string(getpid()) +

@@ -8,6 +8,7 @@
 
 #include "tests/AccessoryManager/FailingCalls.h"
 #include "tests/AccessoryManager/FakeRemote.h"
+#include "tests/AccessoryManager/Spelling.h"
 #include "tests/support/LogCatcher.h"
 
 namespace accessory::test {
@@ -17,13 +18,6 @@ using android::sp;
 using android::String8;
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-constexpr char kTag[] = "IAccessoryManager";
-constexpr char kHeaderCheck[] = "!reply.readExceptionCode()";
-
-std::string text(const String8& string) { return std::string(string.string(), string.size()); }
-
-String8 string8Of(const std::string& text) { return String8(text.data(), text.size()); }
 
 /// 4000 characters that no fill-up hides: the length is not a multiple of four less one.
 const std::string kLongPath = "/sys/" + std::string(3995, 'x');

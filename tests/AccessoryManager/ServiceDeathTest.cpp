@@ -8,6 +8,7 @@
 #include <thread>
 
 #include "tests/AccessoryManager/Bytes.h"
+#include "tests/AccessoryManager/Spelling.h"
 #include "tests/AccessoryManager/TestService.h"
 #include "tests/support/LogCatcher.h"
 
@@ -17,9 +18,6 @@ namespace {
 using android::sp;
 using android::String8;
 using testing::ElementsAre;
-
-constexpr char kTag[] = "IAccessoryManager";
-constexpr char kHeaderCheck[] = "!reply.readExceptionCode()";
 
 /// How many descriptors this process has open.
 ptrdiff_t openDescriptors() {

@@ -7,6 +7,7 @@
 #include <iosfwd>
 
 #include "tests/AccessoryManager/Bytes.h"
+#include "tests/AccessoryManager/Spelling.h"
 #include "tests/support/LogCatcher.h"
 
 namespace accessory::test {
@@ -33,7 +34,5 @@ class StubFixture : public testing::Test {
     const android::sp<BnAccessoryManager> stub{new BnAccessoryManager(accessories)};
     LogCatcher log;
 };
-
-inline constexpr char kTag[] = "IAccessoryManager";
 
 }  // namespace accessory::test

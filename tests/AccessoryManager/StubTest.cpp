@@ -19,8 +19,6 @@ using testing::_;
 using testing::ElementsAre;
 using testing::Return;
 
-String8 string8Of(const std::string& text) { return String8(text.data(), text.size()); }
-
 Answer done(const Bytes& result) { return {NO_ERROR, parcel({i32(0), result})}; }
 
 /// A service that answers one operation in the stub itself.

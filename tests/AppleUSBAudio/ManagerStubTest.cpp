@@ -12,13 +12,13 @@ using android::sp;
 using Ids = std::vector<unsigned int>;
 
 /// A request, and the call that it is to become.
-struct Request {
+struct ForwardedRequest {
     uint32_t code;
     Bytes arguments;
     std::string told;
 };
 
-std::vector<Request> forwardedRequests() {
+std::vector<ForwardedRequest> forwardedRequests() {
     return {
         {3, {}, "startup()|"},
         {4, {}, "shutdown()|"},
@@ -46,7 +46,7 @@ class ManagerStub : public AudioFixture {
 TEST_F(ManagerStub, CallsTheServiceAndAnswersItsStatus) {
     for (const int32_t status : {0, 1, -1, INT32_MIN, INT32_MAX}) {
         service->answer = status;
-        for (const Request& request : forwardedRequests()) {
+        for (const ForwardedRequest& request : forwardedRequests()) {
             const Bytes status_ = request.code == 5 ? parcel({i32(0), i32(status)}) : i32(status);
             EXPECT_EQ(ask(*stub, request.code, audioRequest(request.arguments)), done(status_))
                 << request.code;
@@ -56,7 +56,7 @@ TEST_F(ManagerStub, CallsTheServiceAndAnswersItsStatus) {
 }
 
 TEST_F(ManagerStub, LogsTheCallerOfEveryRequestAtErrorAndNothingElse) {
-    for (const Request& request : forwardedRequests()) {
+    for (const ForwardedRequest& request : forwardedRequests()) {
         ask(*stub, request.code, audioRequest(request.arguments));
         EXPECT_THAT(logged(), are({calling(request.code)}));
     }
@@ -96,7 +96,7 @@ TEST_F(ManagerStub, RefusesAnotherToken) {
 }
 
 TEST_F(ManagerStub, ReadsZeroForWhatIsMissing) {
-    const std::vector<Request> cutRequests = {
+    const std::vector<ForwardedRequest> cutRequests = {
         {6, i32(44100), "setSampleRate(44100, 0)|"},
         {6, {}, "setSampleRate(0, 0)|"},
         {7, i32(9), "setVolume(9, 0)|"},
@@ -106,7 +106,7 @@ TEST_F(ManagerStub, ReadsZeroForWhatIsMissing) {
         {10, {}, "play(0)|"},
         {11, {}, "pause(0)|"},
     };
-    for (const Request& request : cutRequests) {
+    for (const ForwardedRequest& request : cutRequests) {
         EXPECT_EQ(ask(*stub, request.code, audioRequest(request.arguments)), done(i32(0)));
         EXPECT_EQ(service->told(), request.told);
     }

@@ -12,26 +12,26 @@ namespace {
 
 using testing::ElementsAre;
 
-constexpr char kTag[] = "IAppleiAP2Manager";
+constexpr char kTracedTag[] = "IAppleiAP2Manager";
 constexpr char kFile[] = "AppleiAP2/IAppleiAP2Manager.cpp";
 
-auto debugLine(const std::string& text) { return Logged(3, kTag, text); }
+auto debugLine(const std::string& text) { return Logged(3, kTracedTag, text); }
 
 int leavesEarly(bool early) {
-    const IAPAutoTrace trace(kTag, kFile, "leavesEarly");
+    const IAPAutoTrace trace(kTracedTag, kFile, "leavesEarly");
     if (early) return 1;
-    __android_log_write(ANDROID_LOG_INFO, kTag, "body");
+    __android_log_write(ANDROID_LOG_INFO, kTracedTag, "body");
     return 2;
 }
 
 void throws() {
-    const IAPAutoTrace trace(kTag, kFile, "throws");
+    const IAPAutoTrace trace(kTracedTag, kFile, "throws");
     throw std::runtime_error("out");
 }
 
 TEST(IAPAutoTrace, LogsTheEntryWhenItIsMade) {
     const LogCatcher log;
-    const IAPAutoTrace trace(kTag, kFile, "setNotifier");
+    const IAPAutoTrace trace(kTracedTag, kFile, "setNotifier");
     EXPECT_THAT(log.lines(),
                 ElementsAre(debugLine("[AppleiAP2/IAppleiAP2Manager.cpp][setNotifier] [--IN--]")));
 }
@@ -41,7 +41,7 @@ TEST(IAPAutoTrace, LogsTheExitAfterTheBody) {
     EXPECT_EQ(leavesEarly(false), 2);
     EXPECT_THAT(log.lines(),
                 ElementsAre(debugLine("[AppleiAP2/IAppleiAP2Manager.cpp][leavesEarly] [--IN--]"),
-                            Logged(4, kTag, "body"),
+                            Logged(4, kTracedTag, "body"),
                             debugLine("[AppleiAP2/IAppleiAP2Manager.cpp][leavesEarly] [--OUT--]")));
 }
 
@@ -63,8 +63,8 @@ TEST(IAPAutoTrace, LogsTheExitOfAFunctionThatThrows) {
 TEST(IAPAutoTrace, NestsLikeTheFunctionsItBrackets) {
     const LogCatcher log;
     {
-        const IAPAutoTrace outer(kTag, "f", "outer");
-        const IAPAutoTrace inner(kTag, "f", "inner");
+        const IAPAutoTrace outer(kTracedTag, "f", "outer");
+        const IAPAutoTrace inner(kTracedTag, "f", "inner");
     }
     EXPECT_THAT(log.lines(),
                 ElementsAre(debugLine("[f][outer] [--IN--]"), debugLine("[f][inner] [--IN--]"),
@@ -76,7 +76,7 @@ TEST(IAPAutoTrace, KeepsItsOwnCopiesOfFileAndFunction) {
     {
         std::string file = "a/long/enough/path/to/live/on/the/heap.cpp";
         std::string function = "aFunctionNameThatDoesNotFitInAShortString";
-        const IAPAutoTrace trace(kTag, file, function);
+        const IAPAutoTrace trace(kTracedTag, file, function);
         file.replace(0, 1, "X");
         function.replace(0, 1, "X");
     }
@@ -97,7 +97,7 @@ TEST(IAPAutoTrace, ReadsTheTagThatItWasGivenEachTime) {
 
 TEST(IAPAutoTrace, TakesItsTextsAsTheyAre) {
     const LogCatcher log;
-    { const IAPAutoTrace trace(kTag, "100%s", ""); }
+    { const IAPAutoTrace trace(kTracedTag, "100%s", ""); }
     EXPECT_THAT(log.lines(), ElementsAre(debugLine("[100%s][] [--IN--]"), debugLine("[100%s][] [--OUT--]")));
 }
 

@@ -19,7 +19,7 @@ namespace {
 
 using android::sp;
 
-class Listener : public AppleiAP2ManagerNotifierAdapter {
+class NumberListener : public AppleiAP2ManagerNotifierAdapter {
   public:
     int attach(unsigned int number) override {
         const std::lock_guard lock(mLock);
@@ -58,12 +58,12 @@ class ReturningClient {
         return mDeath->notices() == 1 ? registerNow() : -1;
     }
 
-    std::string takeTold() { return mListener->takeTold(); }
+    std::string takeTold() { return mNumberListener->takeTold(); }
 
   private:
     const android::String16 mName;
-    const sp<Listener> mListener{new Listener};
-    const sp<IAppleiAP2ManagerNotifier> mNotifier{new BnAppleiAP2ManagerNotifier(mListener)};
+    const sp<NumberListener> mNumberListener{new NumberListener};
+    const sp<IAppleiAP2ManagerNotifier> mNotifier{new BnAppleiAP2ManagerNotifier(mNumberListener)};
     sp<android::IBinder> mService;
     sp<test::Recipient> mDeath;
 };

@@ -28,7 +28,7 @@ using testing::ExitedWithCode;
 
 constexpr uid_t kStranger = 54321;
 constexpr gid_t kGroup = 43210;
-const String16 kName("access.test");
+const String16 kAccessTest("access.test");
 
 /// Turns this process into one of another user, for good.
 void become(uid_t user, gid_t group) {
@@ -66,7 +66,7 @@ CHILD_ROLE(memberCalls) {
     setenv("BINDER_RUNTIME_DIR", args.at(0).c_str(), 1);
     setenv("BINDER_RUNTIME_GROUP", args.at(1).c_str(), 1);
     become(kStranger, kGroup);
-    const sp<IBinder> service = defaultServiceManager()->checkService(kName);
+    const sp<IBinder> service = defaultServiceManager()->checkService(kAccessTest);
     if (service == nullptr) return 2;
     uid_t caller = kStranger;
     const sp<IBinder> own = new FunctionObject([&caller](uint32_t, const Parcel&, Parcel* reply, uint32_t) {
@@ -91,7 +91,7 @@ CHILD_ROLE(serveGroup) {
         const sp<IBinder> object = data.readStrongBinder();
         return reply->writeInt32(object != nullptr ? ask(object, 1) : -1);
     });
-    EXPECT_EQ(NO_ERROR, defaultServiceManager()->addService(kName, service));
+    EXPECT_EQ(NO_ERROR, defaultServiceManager()->addService(kAccessTest, service));
     ProcessState::self()->startThreadPool();
     parent.send("serving");
     parent.awaitHangUp();

@@ -3,10 +3,15 @@
 
 #include <binder/Parcel.h>
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
 namespace accessory::test {
+
+/// Sizes that no parcel can have, such as a peer may claim.
+inline constexpr size_t kHostileSizes[] = {size_t{INT32_MAX} + 1, SIZE_MAX / 2 + 1, SIZE_MAX - 3,
+                                           SIZE_MAX - 1, SIZE_MAX};
 
 /// The bytes that @p hex spells: pairs of digits with blanks between them.
 std::vector<uint8_t> bytesFrom(const std::string& hex);

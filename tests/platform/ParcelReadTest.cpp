@@ -7,11 +7,9 @@
 
 using namespace android;
 using accessory::test::fill;
+using accessory::test::kHostileSizes;
 
 namespace {
-
-const size_t kHostileLengths[] = {size_t{INT32_MAX} + 1, SIZE_MAX / 2 + 1, SIZE_MAX - 3, SIZE_MAX - 1,
-                                  SIZE_MAX};
 
 /// Every read of a plain value, by status and by value, and the bytes that it takes.
 struct Reading {
@@ -172,7 +170,7 @@ TEST(ParcelRead, RefusesLengthsThatNoParcelCanHold) {
     fill(parcel, "01 00 00 00 02 00 00 00");
     parcel.setDataPosition(4);
     char byte = 0;
-    for (const size_t len : kHostileLengths) {
+    for (const size_t len : kHostileSizes) {
         EXPECT_EQ(BAD_VALUE, parcel.read(&byte, len)) << len;
         EXPECT_EQ(nullptr, parcel.readInplace(len)) << len;
     }

@@ -13,8 +13,8 @@ using accessory::test::hexOf;
 namespace {
 
 /// -1, INT32_MIN, INT32_MAX, and lengths whose size in bytes overflows 32 bits when it is computed naively.
-const char* const kHostileLengths[] = {"ff ff ff ff", "00 00 00 80", "ff ff ff 7f", "fe ff ff 7f",
-                                       "ff ff ff 3f", "00 00 00 40", "fd ff ff 7f"};
+const char* const kHostileTextLengths[] = {"ff ff ff ff", "00 00 00 80", "ff ff ff 7f", "fe ff ff 7f",
+                                           "ff ff ff 3f", "00 00 00 40", "fd ff ff 7f"};
 
 std::string lengthAndText(const char* length) { return std::string(length) + " 61 00 62 00 00 00 00 00"; }
 
@@ -93,7 +93,7 @@ TEST(ParcelString, ReadsAString8) {
 }
 
 TEST(ParcelString, RefusesAString8WithAHostileLength) {
-    for (const char* length : kHostileLengths) {
+    for (const char* length : kHostileTextLengths) {
         Parcel parcel;
         fill(parcel, lengthAndText(length));
         String8 str("old");
@@ -195,7 +195,7 @@ TEST(ParcelString, TellsANullString16FromAnEmptyOne) {
 }
 
 TEST(ParcelString, RefusesAString16WithAHostileLength) {
-    for (const char* length : kHostileLengths) {
+    for (const char* length : kHostileTextLengths) {
         Parcel parcel;
         fill(parcel, lengthAndText(length));
         size_t len = 9;

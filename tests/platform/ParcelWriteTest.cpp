@@ -8,11 +8,9 @@
 using namespace android;
 using accessory::test::fill;
 using accessory::test::hexOf;
+using accessory::test::kHostileSizes;
 
 namespace {
-
-const size_t kHostileLengths[] = {size_t{INT32_MAX} + 1, SIZE_MAX / 2 + 1, SIZE_MAX - 3, SIZE_MAX - 1,
-                                  SIZE_MAX};
 
 TEST(ParcelWrite, BeginsEmpty) {
     Parcel parcel;
@@ -71,7 +69,7 @@ TEST(ParcelWrite, WritesNothingForNoBytes) {
 TEST(ParcelWrite, RefusesLengthsThatNoParcelCanHold) {
     Parcel parcel;
     const char byte = 0;
-    for (const size_t len : kHostileLengths) {
+    for (const size_t len : kHostileSizes) {
         EXPECT_EQ(BAD_VALUE, parcel.write(&byte, len)) << len;
         EXPECT_EQ(nullptr, parcel.writeInplace(len)) << len;
         EXPECT_EQ(BAD_VALUE, parcel.writeByteArray(len, reinterpret_cast<const uint8_t*>(&byte))) << len;

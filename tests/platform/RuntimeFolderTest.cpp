@@ -24,7 +24,7 @@ using namespace android;  // NOLINT(google-build-using-namespace): the tests' vo
 using std::filesystem::perms;
 using testing::ExitedWithCode;
 
-const String16 kName("folder.test");
+const String16 kFolderTest("folder.test");
 
 /// Sets the variables that are named in turn with their values, in front of the first use of the runtime.
 void chooseFolder(const RoleArguments& variables) {
@@ -35,7 +35,7 @@ void chooseFolder(const RoleArguments& variables) {
 
 CHILD_ROLE(useFolder) {
     chooseFolder(args);
-    EXPECT_EQ(NO_ERROR, defaultServiceManager()->addService(kName, new BBinder));
+    EXPECT_EQ(NO_ERROR, defaultServiceManager()->addService(kFolderTest, new BBinder));
     ProcessState::self()->startThreadPool();
     parent.send(ProcessState::self()->getDriverName().string());
     parent.awaitHangUp();
@@ -44,7 +44,7 @@ CHILD_ROLE(useFolder) {
 
 CHILD_ROLE(findInFolder) {
     chooseFolder(args);
-    const sp<IBinder> found = defaultServiceManager()->checkService(kName);
+    const sp<IBinder> found = defaultServiceManager()->checkService(kFolderTest);
     EXPECT_NE(nullptr, found);
     EXPECT_EQ(NO_ERROR, found->pingBinder());
     return 0;
@@ -53,8 +53,8 @@ CHILD_ROLE(findInFolder) {
 CHILD_ROLE(failInFolder) {
     chooseFolder(args);
     const LogCatcher log;
-    EXPECT_NE(NO_ERROR, defaultServiceManager()->addService(kName, new BBinder));
-    EXPECT_EQ(nullptr, defaultServiceManager()->checkService(kName));
+    EXPECT_NE(NO_ERROR, defaultServiceManager()->addService(kFolderTest, new BBinder));
+    EXPECT_EQ(nullptr, defaultServiceManager()->checkService(kFolderTest));
     EXPECT_EQ(0u, defaultServiceManager()->listServices().size());
     ProcessState::self()->startThreadPool();
     const auto lines = log.linesWith("Binder");

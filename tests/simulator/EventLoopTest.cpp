@@ -10,7 +10,8 @@
 namespace accessory::simulator {
 namespace {
 
-using test::kPatience;
+using accessory::test::eventually;
+using accessory::test::kPatience;
 
 class Notes {
   public:
@@ -36,7 +37,7 @@ TEST(EventLoop, RunsActionsInTheOrderOfTheirTimes) {
     loop.post(milliseconds(10), [&notes] { notes.add(11); });
     loop.jumpUntil(milliseconds(1000));
     loop.start();
-    EXPECT_TRUE(test::eventually([&] { return notes.all().size() == 5; }));
+    EXPECT_TRUE(eventually([&] { return notes.all().size() == 5; }));
     EXPECT_THAT(notes.all(), testing::ElementsAre(10, 10, 11, 20, 30));
 }
 
@@ -73,7 +74,7 @@ TEST(EventLoop, LetsTimeStandStillUntilTheFirstJump) {
     loop.post(loop.now(), [&] { ran.set_value(); });
     ASSERT_EQ(ran.get_future().wait_for(kPatience), std::future_status::ready);
     const auto begin = std::chrono::steady_clock::now();
-    EXPECT_TRUE(test::eventually([&] { return std::chrono::steady_clock::now() - begin > milliseconds(5); }));
+    EXPECT_TRUE(eventually([&] { return std::chrono::steady_clock::now() - begin > milliseconds(5); }));
     EXPECT_EQ(loop.now(), milliseconds(0));
 }
 
@@ -113,7 +114,7 @@ TEST(EventLoop, RunsNothingBehindTheActionThatFinishesIt) {
     loop.post(milliseconds(1), [&] { notes.add(2); });
     loop.jumpUntil(milliseconds(1));
     loop.start();
-    EXPECT_TRUE(test::eventually([&] { return notes.all().size() == 1; }));
+    EXPECT_TRUE(eventually([&] { return notes.all().size() == 1; }));
     loop.stop();
     EXPECT_THAT(notes.all(), testing::ElementsAre(1));
 }

@@ -5,6 +5,8 @@
 
 #include <set>
 
+#include "tests/simulator/Tracks.h"
+
 namespace accessory::simulator {
 namespace {
 
@@ -14,13 +16,6 @@ TrackPointer track(uint64_t id, const char* album, const char* artist) {
     made.album = album;
     made.artist = artist;
     return std::make_shared<const Track>(made);
-}
-
-std::vector<uint64_t> idsOf(const TrackList& tracks) {
-    std::vector<uint64_t> ids;
-    for (const TrackPointer& each : tracks)
-        ids.push_back(each->id);
-    return ids;
 }
 
 class LibraryOfThree : public testing::Test {

@@ -3,6 +3,8 @@
 
 #include <gmock/gmock.h>
 
+#include "tests/simulator/Tracks.h"
+
 namespace accessory::simulator {
 namespace {
 
@@ -11,13 +13,6 @@ TrackPointer track(uint64_t id, int32_t durationMs) {
     made.id = id;
     made.durationMs = durationMs;
     return std::make_shared<const Track>(made);
-}
-
-std::vector<uint64_t> idsOf(const TrackList& tracks) {
-    std::vector<uint64_t> ids;
-    for (const TrackPointer& each : tracks)
-        ids.push_back(each->id);
-    return ids;
 }
 
 class PlayerOfThree : public testing::Test {

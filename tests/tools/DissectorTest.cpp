@@ -19,7 +19,6 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
 
-constexpr char kManager[] = "accessory.AppleiAP2Manager";
 constexpr char kNotifier[] = "accessory.AppleiAP2ManagerNotifier";
 
 /// What tshark prints about a capture, errors included.

@@ -8,7 +8,6 @@ namespace accessory::tools {
 
 namespace {
 
-constexpr uint32_t kSectionHeader = 0x0a0d0d0a;
 constexpr uint32_t kByteOrderMagic = 0x1a2b3c4d;
 constexpr uint32_t kForeignMagic = 0x4d3c2b1a;
 constexpr uint32_t kFrame = 3 * sizeof(uint32_t);  // type, size, size again

@@ -12,6 +12,14 @@
 
 namespace accessory::tools {
 
+/// The kinds of block that a capture is made of.
+enum BlockType : uint32_t {
+    kSectionHeader = 0x0a0d0d0a,
+    kInterfaceDescription = 1,
+    kInterfaceStatistics = 5,
+    kEnhancedPacket = 6,
+};
+
 /// A block's content, without its type and sizes.
 struct Block {
     uint32_t type = 0;

@@ -9,13 +9,6 @@ namespace accessory::tools {
 
 namespace {
 
-enum BlockType : uint32_t {
-    kSectionHeader = 0x0a0d0d0a,
-    kInterfaceDescription = 1,
-    kInterfaceStatistics = 5,
-    kEnhancedPacket = 6,
-};
-
 enum OptionCode : uint16_t { kComment = 1, kUserApplication = 4, kDropped = 5, kTimeResolution = 9 };
 
 constexpr uint16_t kLinkType = 147;

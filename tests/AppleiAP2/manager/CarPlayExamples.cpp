@@ -7,7 +7,7 @@ using M = IAppleiAP2Manager;
 
 namespace {
 
-std::vector<Example> sessions() {
+std::vector<Example> carPlaySessions() {
     return {
         {"CarPlayStartSession", 76,
          parcel({i32(7), i32(1), cstr("wired"), i32(1), cstr("w1"), cstr("w2"), i32(0xf8), cstr("w3"),
@@ -96,7 +96,7 @@ std::vector<Example> carKeys() {
 }  // namespace
 
 std::vector<Example> carPlayExamples() {
-    std::vector<Example> examples = sessions();
+    std::vector<Example> examples = carPlaySessions();
     for (const std::vector<Example>& more : {pairing(), carKeys()})
         examples.insert(examples.end(), more.begin(), more.end());
     return examples;

@@ -11,7 +11,7 @@ namespace {
 const Bytes kFour = parcel({i32(7), i32(2), i32(0x80000003), i32(0xfffffff4)});
 constexpr char kFourTold[] = "7, 2, 2147483651, 4294967284";
 
-std::vector<Example> sessions() {
+std::vector<Example> accessorySessions() {
     return {
         {"getEASessionCount", 37, i32(7), "7", [](M& to) { return to.getEASessionCount(7); }},
         Example("getEASessionId", 38, parcel({i32(7), i32(-1)}), "7, -1, clear",
@@ -53,7 +53,7 @@ std::vector<Example> files() {
 }  // namespace
 
 std::vector<Example> sessionExamples() {
-    std::vector<Example> examples = sessions();
+    std::vector<Example> examples = accessorySessions();
     for (const Example& more : files())
         examples.push_back(more);
     return examples;

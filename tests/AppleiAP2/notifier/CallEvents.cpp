@@ -6,7 +6,7 @@ namespace {
 
 using Notifier = IAppleiAP2ManagerNotifier;
 
-struct Values {
+struct CallValues {
     int32_t field3 = -3;
     int32_t field4 = 4;
     int32_t field8 = 0x7fffffff;
@@ -16,7 +16,7 @@ struct Values {
 };
 
 /// Each field, when its bit of @p present is set.
-CallStateUpdateParam fields(uint32_t present, const Values& values) {
+CallStateUpdateParam fields(uint32_t present, const CallValues& values) {
     const auto has = [present](int field) { return (present >> (field - 1) & 1) != 0; };
     CallStateUpdateParam param;
     if (has(1)) param.field1 = "+49 1";
@@ -47,7 +47,7 @@ const char* text(size_t field) {
     return kAll[field - 1];
 }
 
-Event stateWith(uint32_t present) {
+Event callStateWith(uint32_t present) {
     Bytes bytes = i32(7);
     std::string shown = "7, {";
     for (size_t field = 1; field <= 12; ++field) {
@@ -56,7 +56,7 @@ Event stateWith(uint32_t present) {
         shown += (field == 1 ? "" : " ") + std::string(has ? text(field) : "null");
     }
     return Event("CallStateUpdate", 38, bytes, shown + "}", [present](Notifier& to) {
-        const Values values;
+        const CallValues values;
         CallStateUpdateParam param = fields(present, values);
         return to.CallStateUpdate(7, param);
     });
@@ -65,9 +65,10 @@ Event stateWith(uint32_t present) {
 }  // namespace
 
 std::vector<Event> callEvents() {
-    std::vector<Event> events = {stateWith(0), stateWith(0xfff), stateWith(0x555), stateWith(0xaaa)};
+    std::vector<Event> events = {callStateWith(0), callStateWith(0xfff), callStateWith(0x555),
+                                 callStateWith(0xaaa)};
     for (int field = 0; field < 12; ++field)
-        events.push_back(stateWith(1u << field));
+        events.push_back(callStateWith(1u << field));
     return events;
 }
 

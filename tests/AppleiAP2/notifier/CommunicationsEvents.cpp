@@ -6,7 +6,7 @@ namespace {
 
 using Notifier = IAppleiAP2ManagerNotifier;
 
-struct Values {
+struct CommunicationsValues {
     int32_t field1 = -1;
     int32_t field2 = 0x12345678;
     uint8_t field10 = 0xfe;
@@ -16,7 +16,7 @@ struct Values {
 };
 
 /// Each field, when its bit of @p present is set. Yes and no take turns.
-CommunicationsUpdateParam fields(uint32_t present, const Values& values) {
+CommunicationsUpdateParam fields(uint32_t present, const CommunicationsValues& values) {
     const auto has = [present](int field) { return (present >> (field - 1) & 1) != 0; };
     CommunicationsUpdateParam param;
     if (has(1)) param.field1 = &values.field1;
@@ -52,7 +52,7 @@ Form form(size_t field) {
     return all.at(field - 1);
 }
 
-Event stateWith(uint32_t present) {
+Event communicationsWith(uint32_t present) {
     Bytes bytes = i32(7);
     std::string shown = "7, {";
     for (size_t field = 1; field <= 17; ++field) {
@@ -61,7 +61,7 @@ Event stateWith(uint32_t present) {
         shown += (field == 1 ? "" : " ") + std::string(has ? form(field).text : "null");
     }
     return Event("CommunicationsUpdate", 39, bytes, shown + "}", [present](Notifier& to) {
-        const Values values;
+        const CommunicationsValues values;
         CommunicationsUpdateParam param = fields(present, values);
         return to.CommunicationsUpdate(7, &param);
     });
@@ -70,9 +70,10 @@ Event stateWith(uint32_t present) {
 }  // namespace
 
 std::vector<Event> communicationsEvents() {
-    std::vector<Event> events = {stateWith(0), stateWith(0x1ffff), stateWith(0x15555), stateWith(0xaaaa)};
+    std::vector<Event> events = {communicationsWith(0), communicationsWith(0x1ffff),
+                                 communicationsWith(0x15555), communicationsWith(0xaaaa)};
     for (int field = 0; field < 17; ++field)
-        events.push_back(stateWith(1u << field));
+        events.push_back(communicationsWith(1u << field));
     return events;
 }
 

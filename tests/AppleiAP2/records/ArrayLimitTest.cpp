@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "tests/AppleiAP2/records/RecordMask.h"
 #include "tests/AppleiAP2/records/RouteGuidanceSamples.h"
 #include "tests/support/LogCatcher.h"
 
@@ -12,17 +13,9 @@ using android::Parcel;
 using testing::Contains;
 using testing::Not;
 
-constexpr char kTag[] = "IAppleiAP2ManagerNotifier";
 constexpr int64_t kMostBytes = 1024 * 1024 - 8 * 1024;
 constexpr int64_t kMostHalves = kMostBytes / 2;
 constexpr int64_t kMostLanes = kMostBytes / 4;
-
-template <typename Record>
-android::sp<Record> received(const Words& words) {
-    Parcel parcel;
-    words.putInto(parcel);
-    return Record::FromParcel(parcel);
-}
 
 /// The reader gives no record for a count of @p tooMany at the end of @p before, and logs the name of the
 /// array.
@@ -33,7 +26,7 @@ void expectRefused(const Words& before, int64_t tooMany, const char* array) {
         words.i32(count).i32(0).i32(0);
         const LogCatcher log;
         EXPECT_EQ(nullptr, received<Record>(words)) << array << ' ' << count;
-        EXPECT_THAT(log.lines(), Contains(LoggedCheck(kTag, "FromParcel", array)).Times(1)) << count;
+        EXPECT_THAT(log.lines(), Contains(LoggedCheck(kRecordTag, "FromParcel", array)).Times(1)) << count;
     }
 }
 
@@ -66,8 +59,9 @@ TEST(ArrayLimit, LetsPassWhatATransactionCanCarry) {
     ASSERT_NE(nullptr, lanes);
     EXPECT_EQ(kMostLanes, lanes->getLaneInformationCnt());
     EXPECT_EQ(0u, lanes->getLaneInformation()[kMostLanes - 1].mask);
-    EXPECT_THAT(log.lines(), Not(Contains(LoggedCheck(kTag, "FromParcel", "info->displayComponentID"))));
-    EXPECT_THAT(log.lines(), Not(Contains(LoggedCheck(kTag, "FromParcel", "info->laneInformation"))));
+    EXPECT_THAT(log.lines(),
+                Not(Contains(LoggedCheck(kRecordTag, "FromParcel", "info->displayComponentID"))));
+    EXPECT_THAT(log.lines(), Not(Contains(LoggedCheck(kRecordTag, "FromParcel", "info->laneInformation"))));
 }
 
 TEST(ArrayLimit, IsOneForAllArraysOfARecord) {
@@ -77,8 +71,8 @@ TEST(ArrayLimit, IsOneForAllArraysOfARecord) {
     const LogCatcher log;
     EXPECT_EQ(nullptr, received<ILaneGuidanceInformation>(words));
     EXPECT_THAT(log.lines(),
-                Contains(LoggedCheck(kTag, "FromParcel", "curLaneInformation->laneAngle")).Times(1));
-    EXPECT_THAT(log.lines(), Contains(LoggedStatusCheck(kTag, "FromParcel")).Times(testing::Le(3)));
+                Contains(LoggedCheck(kRecordTag, "FromParcel", "curLaneInformation->laneAngle")).Times(1));
+    EXPECT_THAT(log.lines(), Contains(LoggedStatusCheck(kRecordTag, "FromParcel")).Times(testing::Le(3)));
 }
 
 }  // namespace

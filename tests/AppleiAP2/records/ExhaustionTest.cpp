@@ -14,7 +14,6 @@ namespace {
 using android::sp;
 using testing::Contains;
 
-constexpr char kTag[] = "IAppleiAP2ManagerNotifier";
 constexpr uint32_t kFew = 2'000;      ///< 16-bit values for which there is memory
 constexpr uint32_t kMany = 40'000;    ///< and for which there is none
 constexpr size_t kLarge = 2 * kMany;  ///< bytes
@@ -72,8 +71,8 @@ void expectNone(Words words, uint32_t count, size_t width, const char* array) {
         record = Record::FromParcel(parcel);
     }
     EXPECT_EQ(nullptr, record) << array;
-    EXPECT_THAT(log.lines(), Contains(LoggedCheck(kTag, "FromParcel", array)).Times(1));
-    EXPECT_THAT(log.lines(), testing::Not(Contains(LoggedStatusCheck(kTag, "FromParcel")))) << array;
+    EXPECT_THAT(log.lines(), Contains(LoggedCheck(kRecordTag, "FromParcel", array)).Times(1));
+    EXPECT_THAT(log.lines(), testing::Not(Contains(LoggedStatusCheck(kRecordTag, "FromParcel")))) << array;
 }
 
 TEST(ReadersWithoutMemory, GiveNoRecordAndNameTheArray) {

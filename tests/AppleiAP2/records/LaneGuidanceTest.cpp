@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "tests/AppleiAP2/records/RecordMask.h"
 #include "tests/AppleiAP2/records/RouteGuidanceSamples.h"
 #include "tests/support/LogCatcher.h"
 
@@ -10,19 +11,6 @@ namespace {
 
 using android::Parcel;
 using android::sp;
-
-Words written(const sp<LaneGuidanceInfo>& record) {
-    Parcel parcel;
-    ILaneGuidanceInformation::writeToParcel(&parcel, record);
-    return wordsOf(parcel);
-}
-
-/// Without strings, which would not outlive the parcel.
-sp<ILaneGuidanceInformation> received(const Words& words) {
-    Parcel parcel;
-    words.putInto(parcel);
-    return ILaneGuidanceInformation::FromParcel(parcel);
-}
 
 sp<ILaneGuidanceInformation> withLanes(const std::vector<LaneInformation>& lanes) {
     sp<ILaneGuidanceInformation> record = new ILaneGuidanceInformation;
@@ -45,7 +33,8 @@ TEST(LaneGuidance, WritesEachFieldOfALaneAloneAfterTheLanesMask) {
 }
 
 TEST(LaneGuidance, ReadsALaneOfMaskZeroBetweenOthersAsZeros) {
-    const auto record = received(Words().i32(0x4).i32(3).i32(0x1).i32(5).i32(0).i32(0x2).i32(6));
+    const auto record =
+        received<ILaneGuidanceInformation>(Words().i32(0x4).i32(3).i32(0x1).i32(5).i32(0).i32(0x2).i32(6));
     ASSERT_EQ(3u, record->getLaneInformationCnt());
     const LaneInformation* lanes = record->getLaneInformation();
     EXPECT_EQ(5, lanes[0].laneField0);
@@ -59,21 +48,21 @@ TEST(LaneGuidance, ReadsALaneOfMaskZeroBetweenOthersAsZeros) {
 TEST(LaneGuidance, SendsAFullLaneFieldAsMinusOneAndReadsItBackFull) {
     EXPECT_EQ(Words().i32(0x4).i32(1).i32(0x8).i32(-1),
               written(withLanes({{0x8, 0, 0, 0, nullptr, 0xffff}})));
-    const auto record = received(Words().i32(0x4).i32(1).i32(0x8).i32(-1));
+    const auto record = received<ILaneGuidanceInformation>(Words().i32(0x4).i32(1).i32(0x8).i32(-1));
     EXPECT_EQ(0xffff, record->getLaneInformation()[0].laneField3);
 }
 
 TEST(LaneGuidance, OwnsAnAngleBufferEvenForNoAngles) {
     EXPECT_EQ(Words().i32(0x4).i32(1).i32(0x4).i32(0), written(withLanes({{0x4, 0, 0, 0, nullptr, 0}})));
     const LogCatcher log;
-    const auto record = received(Words().i32(0x6).i32(9).i32(1).i32(0x4).i32(0));
+    const auto record = received<ILaneGuidanceInformation>(Words().i32(0x6).i32(9).i32(1).i32(0x4).i32(0));
     EXPECT_EQ(0u, record->getLaneInformation()[0].laneAngleCnt);
     EXPECT_NE(nullptr, record->getLaneInformation()[0].laneAngle);
     EXPECT_EQ(1u, log.lines().size()) << "the reader announces itself and misses nothing";
 }
 
 TEST(LaneGuidance, OwnsALaneArrayEvenForNoLanes) {
-    const auto record = received(Words().i32(0x6).i32(9).i32(0));
+    const auto record = received<ILaneGuidanceInformation>(Words().i32(0x6).i32(9).i32(0));
     EXPECT_EQ(0u, record->getLaneInformationCnt());
     EXPECT_NE(nullptr, record->getLaneInformation());
 }

@@ -13,7 +13,7 @@ using android::Parcel;
 using android::sp;
 using testing::IsEmpty;
 
-Words written(const sp<iAP2MediaLibData>& update) {
+Words writtenUpdate(const sp<iAP2MediaLibData>& update) {
     Parcel parcel;
     IiAP2MediaLibData::writeToParcel(&parcel, update);
     return wordsOf(parcel);
@@ -37,7 +37,7 @@ struct Received {
 };
 
 TEST(MediaLibrary, UpdateWithNothingIsItsMaskAndACountOfZero) {
-    EXPECT_EQ(Words().i32(0).i32(0), written(new IiAP2MediaLibData));
+    EXPECT_EQ(Words().i32(0).i32(0), writtenUpdate(new IiAP2MediaLibData));
 }
 
 TEST(MediaLibrary, UpdateHasNothingAfterItIsMade) {
@@ -56,11 +56,12 @@ TEST(MediaLibrary, UpdateCarriesItsListWhateverTheFourBitsSay) {
     for (const uint32_t mask : {0x4u, 0x8u, 0x10u, 0x20u, 0x3cu, 0xfffffc3cu}) {
         sp<IiAP2MediaLibData> update = new IiAP2MediaLibData;
         update->mMask->mask = mask;
-        EXPECT_EQ(Words().i32(mask).i32(0), written(update)) << mask;
+        EXPECT_EQ(Words().i32(mask).i32(0), writtenUpdate(update)) << mask;
     }
     sp<IiAP2MediaLibData> update = mixedUpdate();
     update->mMask->mask = 0;
-    EXPECT_EQ(5, Received(written(update)).update->getGroupDataCount() + 1) << "the odd entry is dropped";
+    EXPECT_EQ(5, Received(writtenUpdate(update)).update->getGroupDataCount() + 1)
+        << "the odd entry is dropped";
 }
 
 TEST(MediaLibrary, UpdateWritesEachOfItsOwnFieldsAlone) {
@@ -74,11 +75,13 @@ TEST(MediaLibrary, UpdateWritesEachOfItsOwnFieldsAlone) {
     };
     for (const auto& [mask, words] : alone) {
         update->mMask->mask = mask;
-        EXPECT_EQ(words, written(update)) << mask;
+        EXPECT_EQ(words, writtenUpdate(update)) << mask;
     }
 }
 
-TEST(MediaLibrary, UpdateWritesEntriesOfAllKindsInAnyMix) { EXPECT_EQ(mixedWords(), written(mixedUpdate())); }
+TEST(MediaLibrary, UpdateWritesEntriesOfAllKindsInAnyMix) {
+    EXPECT_EQ(mixedWords(), writtenUpdate(mixedUpdate()));
+}
 
 TEST(MediaLibrary, UpdateReadsEntriesOfAllKindsAndDropsTheUnknown) {
     const Received received(mixedWords());
@@ -161,7 +164,7 @@ TEST(MediaLibrary, ANullEntryIsSentAsATypeThatReceiversDrop) {
     sp<IiAP2MediaLibData> update = new IiAP2MediaLibData;
     update->addGroupData(nullptr).addGroupData(&(new IiAP2MediaItemDelId)->setDelId(9));
     const Words words = Words().i32(0x10).i32(2).i32(4).i32(2).i64(9);
-    EXPECT_EQ(words, written(update));
+    EXPECT_EQ(words, writtenUpdate(update));
     EXPECT_EQ(1, Received(words).update->getGroupDataCount());
 }
 
@@ -170,8 +173,9 @@ TEST(MediaLibrary, UpdateAsksAnyImplementationInTheOrderOfTheVirtualTable) {
     words.i32(0x3ff).cstr("library").cstr("17").i32(1);
     words.i32(1).i32(0x2).cstr("Road trip");
     words.i32(1).i32(250).i32(3).i32(4);
-    EXPECT_EQ(words, written(makeApartMediaLibData(0x3ff)));
-    EXPECT_EQ(Words().i32(0).i32(1).i32(1).i32(0x2).cstr("Road trip"), written(makeApartMediaLibData(0)));
+    EXPECT_EQ(words, writtenUpdate(makeApartMediaLibData(0x3ff)));
+    EXPECT_EQ(Words().i32(0).i32(1).i32(1).i32(0x2).cstr("Road trip"),
+              writtenUpdate(makeApartMediaLibData(0)));
 }
 
 TEST(MediaLibrary, EntriesThatAParcelLacksReadAsEmptyItems) {
@@ -267,19 +271,19 @@ TEST(MediaLibrary, UpdateRequestStartsEmpty) {
     EXPECT_THAT(info->mValues, testing::Each(0));
 }
 
-constexpr char kInWriter[] =
+constexpr char kInTheUpdatesWriter[] =
     "AppleiAP2/IAppleiAP2Manager.cpp:[0-9]+: .*accessory::IiAP2MediaLibData::writeToParcel\\(.*";
 
 TEST(MediaLibraryDeathTest, ANullIdentifierThatIsMarkedPresentEndsTheProcess) {
     sp<IiAP2MediaLibData> update = new IiAP2MediaLibData;
     update->mMask->mask = 0x1;
-    EXPECT_DEATH(written(update), std::string(kInWriter) + "Assertion `ID' failed");
+    EXPECT_DEATH(writtenUpdate(update), std::string(kInTheUpdatesWriter) + "Assertion `ID' failed");
 }
 
 TEST(MediaLibraryDeathTest, ANullRevisionThatIsMarkedPresentEndsTheProcess) {
     sp<IiAP2MediaLibData> update = new IiAP2MediaLibData;
     update->mMask->mask = 0x2;
-    EXPECT_DEATH(written(update), std::string(kInWriter) + "Assertion `revision' failed");
+    EXPECT_DEATH(writtenUpdate(update), std::string(kInTheUpdatesWriter) + "Assertion `revision' failed");
 }
 
 }  // namespace

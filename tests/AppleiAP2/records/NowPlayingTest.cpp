@@ -13,13 +13,6 @@ using android::Parcel;
 using android::sp;
 using testing::IsEmpty;
 
-template <typename Record>
-Words written(const sp<Record>& record) {
-    Parcel parcel;
-    writeTo(&parcel, record);
-    return wordsOf(parcel);
-}
-
 TEST(ItemAttribute, CarriesTheLengthWithTheNulBeforeAString) {
     sp<IiAP2ItemAttribute> record = new IiAP2ItemAttribute;
     record->setTitle("abc");

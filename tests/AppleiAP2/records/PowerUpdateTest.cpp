@@ -12,8 +12,6 @@ using android::Parcel;
 using android::sp;
 using testing::ElementsAre;
 
-constexpr char kTag[] = "IAppleiAP2ManagerNotifier";
-
 TEST(PowerUpdate, CarriesTheFirstAndTheLastFieldAfterAMaskOfBoth) {
     sp<IiAP2PowerUpdate> record = new IiAP2PowerUpdate;
     record->setCurrentFromAccessory(2400).setChargeLevel(80);
@@ -27,7 +25,7 @@ TEST(PowerUpdate, AnnouncesItsWriter) {
     const LogCatcher log;
     IiAP2PowerUpdate::writeToParcel(&parcel, new IiAP2PowerUpdate);
     EXPECT_THAT(log.lines(),
-                ElementsAre(Logged(ANDROID_LOG_DEBUG, kTag, "IiAP2PowerUpdate writeToParcel enter")));
+                ElementsAre(Logged(ANDROID_LOG_DEBUG, kRecordTag, "IiAP2PowerUpdate writeToParcel enter")));
 }
 
 TEST(PowerUpdate, AnnouncesItsReader) {
@@ -35,7 +33,7 @@ TEST(PowerUpdate, AnnouncesItsReader) {
     const LogCatcher log;
     EXPECT_EQ(0u, IiAP2PowerUpdate::FromParcel(parcel)->getMask());
     EXPECT_THAT(log.lines(),
-                ElementsAre(Logged(ANDROID_LOG_DEBUG, kTag, "IiAP2PowerUpdate FromParcel enter")));
+                ElementsAre(Logged(ANDROID_LOG_DEBUG, kRecordTag, "IiAP2PowerUpdate FromParcel enter")));
 }
 
 }  // namespace

@@ -28,6 +28,22 @@ void writeTo(android::Parcel* parcel, const android::sp<Record>& record) {
     }
 }
 
+/// The words that @p record is written as.
+template <typename Record>
+Words written(const android::sp<Record>& record) {
+    android::Parcel parcel;
+    writeTo(&parcel, record);
+    return wordsOf(parcel);
+}
+
+/// The record that is read from @p words. It has no strings, which would not outlive the parcel.
+template <typename Record>
+android::sp<Record> received(const Words& words) {
+    android::Parcel parcel;
+    words.putInto(parcel);
+    return Record::FromParcel(parcel);
+}
+
 /// The words of a sample's record that was compiled apart. A group entry can only be written by a library
 /// update, of which the words before it are taken off.
 template <typename Sample>

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "tests/AppleiAP2/records/RecordMask.h"
 #include "tests/AppleiAP2/records/RouteGuidanceSamples.h"
 #include "tests/support/LogCatcher.h"
 
@@ -11,23 +12,6 @@ namespace {
 using android::Parcel;
 using android::sp;
 using testing::ElementsAre;
-
-constexpr char kTag[] = "IAppleiAP2ManagerNotifier";
-
-template <typename Record>
-Words written(const sp<Record>& record) {
-    Parcel parcel;
-    Record::writeToParcel(&parcel, record);
-    return wordsOf(parcel);
-}
-
-/// Without strings, which would not outlive the parcel.
-template <typename Record>
-sp<Record> received(const Words& words) {
-    Parcel parcel;
-    words.putInto(parcel);
-    return Record::FromParcel(parcel);
-}
 
 TEST(RouteGuidance, WritersAnnounceTheMask) {
     const LogCatcher log;
@@ -40,9 +24,10 @@ TEST(RouteGuidance, WritersAnnounceTheMask) {
     written(lane);
     EXPECT_THAT(
         log.lines(),
-        ElementsAre(Logged(ANDROID_LOG_DEBUG, kTag, "RouteGuidaceUpdateInfo writeToParcel mask 0xffc00000"),
-                    Logged(ANDROID_LOG_DEBUG, kTag, "RuoteGuidanceManeuverUpdateInfo writeToParcel mask 0x0"),
-                    Logged(ANDROID_LOG_DEBUG, kTag, "ILaneGuidanceInformation writeToParcel mask 0x2")));
+        ElementsAre(
+            Logged(ANDROID_LOG_DEBUG, kRecordTag, "RouteGuidaceUpdateInfo writeToParcel mask 0xffc00000"),
+            Logged(ANDROID_LOG_DEBUG, kRecordTag, "RuoteGuidanceManeuverUpdateInfo writeToParcel mask 0x0"),
+            Logged(ANDROID_LOG_DEBUG, kRecordTag, "ILaneGuidanceInformation writeToParcel mask 0x2")));
 }
 
 TEST(RouteGuidance, ReadersOfManeuversAndLanesAnnounceTheMaskInOneTextAndTheRouteReaderNothing) {
@@ -50,11 +35,11 @@ TEST(RouteGuidance, ReadersOfManeuversAndLanesAnnounceTheMaskInOneTextAndTheRout
     received<IRouteGuidaceUpdateInfo>(Words().i32(0xffc00000));
     received<IRuoteGuidanceManeuverUpdateInfo>(Words().i32(0xffff0000));
     received<ILaneGuidanceInformation>(Words().i32(0x10));
-    EXPECT_THAT(
-        log.lines(),
-        ElementsAre(
-            Logged(ANDROID_LOG_DEBUG, kTag, "IRuoteGuidanceManeuverUpdateInfo FromParcel mask 0xffff0000"),
-            Logged(ANDROID_LOG_DEBUG, kTag, "IRuoteGuidanceManeuverUpdateInfo FromParcel mask 0x10")));
+    EXPECT_THAT(log.lines(),
+                ElementsAre(Logged(ANDROID_LOG_DEBUG, kRecordTag,
+                                   "IRuoteGuidanceManeuverUpdateInfo FromParcel mask 0xffff0000"),
+                            Logged(ANDROID_LOG_DEBUG, kRecordTag,
+                                   "IRuoteGuidanceManeuverUpdateInfo FromParcel mask 0x10")));
 }
 
 TEST(RouteGuidance, AnEmptyIdentifierArrayIsItsCountAlone) {
@@ -77,7 +62,7 @@ void expectEmptyArray(int bit, Count (Record::*count)() const, const Entry* (Rec
     EXPECT_EQ(0u, ((*read).*count)()) << bit;
     EXPECT_EQ(nullptr, ((*read).*data)()) << bit;
     EXPECT_EQ(6, ((*read).*next)()) << bit;
-    EXPECT_THAT(log.lines(), testing::Not(testing::Contains(LoggedStatusCheck(kTag, "FromParcel"))));
+    EXPECT_THAT(log.lines(), testing::Not(testing::Contains(LoggedStatusCheck(kRecordTag, "FromParcel"))));
 }
 
 TEST(RouteGuidance, AnEmptyArrayOfAnyRecordReadsBackAsNone) {
@@ -101,7 +86,7 @@ TEST(RouteGuidance, ANullDistanceToTheNextManeuverStopsTheWriting) {
     record->mDistanceToNextManeuverDisplayStr = nullptr;
     const LogCatcher log;
     EXPECT_EQ(Words().i32(0x3ffc00).i32(1010), written(record));
-    EXPECT_THAT(log.lines(), ElementsAre(testing::_, LoggedCheck(kTag, "writeToParcel", "tmpStr")));
+    EXPECT_THAT(log.lines(), ElementsAre(testing::_, LoggedCheck(kRecordTag, "writeToParcel", "tmpStr")));
 }
 
 TEST(RouteGuidance, ANullSourceNameStopsTheWriting) {
@@ -110,7 +95,7 @@ TEST(RouteGuidance, ANullSourceNameStopsTheWriting) {
     record->mSourceName = nullptr;
     const LogCatcher log;
     EXPECT_EQ(Words().i32(0x3c0000).i32(65018), written(record));
-    EXPECT_THAT(log.lines(), ElementsAre(testing::_, LoggedCheck(kTag, "writeToParcel", "tmpStr")));
+    EXPECT_THAT(log.lines(), ElementsAre(testing::_, LoggedCheck(kRecordTag, "writeToParcel", "tmpStr")));
 }
 
 TEST(RouteGuidance, ANegativeTimeZoneOffsetTravelsWithItsSign) {
@@ -147,7 +132,7 @@ TEST(RouteGuidance, ABlockThatTheParcelLacksIsLoggedAndReadAsZeros) {
     ASSERT_EQ(3u, record->getDisplayIdCnt());
     EXPECT_THAT(std::vector<int>(record->getDisplayID(), record->getDisplayID() + 3), ElementsAre(0, 0, 0));
     EXPECT_EQ(9, record->getRouteGuidanceState());
-    EXPECT_THAT(log.lines(), ElementsAre(LoggedStatusCheck(kTag, "FromParcel")));
+    EXPECT_THAT(log.lines(), ElementsAre(LoggedStatusCheck(kRecordTag, "FromParcel")));
 }
 
 TEST(RouteGuidance, SettersCopyArraysAndReplaceThem) {
@@ -164,7 +149,7 @@ TEST(RouteGuidance, SettersCopyArraysAndReplaceThem) {
     EXPECT_EQ(0x1u, record->getMask());
 }
 
-constexpr char kInWriter[] = "AppleiAP2/IAppleiAP2ManagerNotifier.cpp:[0-9]+: .*::writeToParcel\\(.*";
+constexpr char kInARecordsWriter[] = "AppleiAP2/IAppleiAP2ManagerNotifier.cpp:[0-9]+: .*::writeToParcel\\(.*";
 
 /// Ends the process at a null string for each bit of @p stringBits alone.
 template <typename Record>
@@ -172,7 +157,7 @@ void expectDeathForNullStrings(std::initializer_list<int> stringBits) {
     for (const int bit : stringBits) {
         sp<Record> record = new Record;
         record->mMask = 1u << bit;
-        EXPECT_DEATH(written(record), std::string(kInWriter) + "Assertion `tmpStr' failed") << bit;
+        EXPECT_DEATH(written(record), std::string(kInARecordsWriter) + "Assertion `tmpStr' failed") << bit;
     }
 }
 
@@ -183,7 +168,7 @@ TEST(RouteGuidanceDeathTest, ANullStringThatIsMarkedPresentEndsTheProcess) {
 }
 
 TEST(RouteGuidanceDeathTest, ANullArrayWithACountEndsTheProcess) {
-    const std::string assertion = std::string(kInWriter) + "Assertion `data' failed";
+    const std::string assertion = std::string(kInARecordsWriter) + "Assertion `data' failed";
     const auto route = sp<IRouteGuidaceUpdateInfo>(new IRouteGuidaceUpdateInfo);
     route->setDisplayID(nullptr, 2);
     EXPECT_DEATH(written(route), assertion);

@@ -10,6 +10,9 @@
 
 namespace accessory::test {
 
+/// The tag of what the records log.
+inline constexpr char kRecordTag[] = "IAppleiAP2ManagerNotifier";
+
 class Words {
   public:
     Words& i32(int64_t value);  ///< any 32 bits, signed or not

@@ -11,7 +11,6 @@ using android::sp;
 using testing::Contains;
 using testing::Not;
 
-constexpr char kUnlinked[] = "binder->unlinkToDeath(mDeathRecipient)";
 constexpr char kRemovedElsewhere[] = "! mNotifierDeathRecipients.removeItem(pid)";
 
 TEST_F(Clients, RegisterUnderTheirOwnProcesses) {

@@ -24,6 +24,9 @@ inline Line check(const std::string& function, const std::string& condition) {
 }
 inline Line statusCheck(const std::string& function) { return LoggedStatusCheck(kManagerTag, function); }
 
+/// The check of a link to a client's death that could not be undone.
+inline constexpr char kUnlinked[] = "binder->unlinkToDeath(mDeathRecipient)";
+
 /// The unit of stub, registry and recipients; the broadcaster's fan-outs belong to the notifier's.
 inline constexpr char kManagerUnit[] = "AppleiAP2/IAppleiAP2Manager.cpp";
 inline constexpr char kNotifierUnit[] = "AppleiAP2/IAppleiAP2ManagerNotifier.cpp";

@@ -8,7 +8,6 @@ namespace {
 using android::sp;
 
 constexpr char kRecipient[] = "AppleiAP2NotifierDeathRecipient";
-constexpr char kUnlinked[] = "binder->unlinkToDeath(mDeathRecipient)";
 
 class Registration : public RegistryFixture {
   protected:
