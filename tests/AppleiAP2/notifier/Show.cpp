@@ -32,7 +32,10 @@ std::string showField(const Value* value) {
 
 template <typename First, typename... Others>
 std::string list(const First& first, const Others&... others) {
-    return "{" + (first + ... + (" " + others)) + "}";
+    std::string text = "{";
+    text += first;
+    ((text += " ", text += others), ...);
+    return text += "}";
 }
 
 template <typename... Fields>

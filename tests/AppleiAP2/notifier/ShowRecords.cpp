@@ -24,28 +24,32 @@ class Fields {
         mText = text;
     }
 
-    void add(const char* value) { append(value != nullptr, show(value)); }
+    void add(const char* value) {
+        ++mPlace;
+        if (value != nullptr) append(show(value));
+    }
 
     template <typename Number>
     void add(Number value) {
-        append(value != 0, show(value));
+        ++mPlace;
+        if (value != 0) append(show(value));
     }
 
     template <typename Entry>
     void add(const Many<Entry>& many);
 
-    void add(const std::string& value) { append(!value.empty(), value); }
+    void add(const std::string& value) {
+        ++mPlace;
+        if (!value.empty()) append(value);
+    }
 
     std::string text() const { return mText + "}"; }
 
   private:
-    void append(bool present, const std::string& value) {
-        if (present) mText += " " + std::to_string(mPlace) + ":" + value;
-        ++mPlace;
-    }
+    void append(const std::string& value) { mText += " " + std::to_string(mPlace) + ":" + value; }
 
     std::string mText;
-    int mPlace = 0;
+    int mPlace = -1;
 };
 
 template <typename... Values>
@@ -64,10 +68,12 @@ using test::show;
 
 template <typename Entry>
 void Fields::add(const Many<Entry>& many) {
+    ++mPlace;
+    if (many.count == 0) return;
     std::string text;
     for (uint32_t i = 0; many.entries != nullptr && i < many.count; ++i)
         text += (i == 0 ? "" : " ") + show(many.entries[i]);
-    append(many.count != 0, many.entries == nullptr ? "null" : "[" + text + "]");
+    append(many.entries == nullptr ? "null" : "[" + text + "]");
 }
 
 std::string show(const iAP2MediaItem& item) {
