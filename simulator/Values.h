@@ -1,10 +1,14 @@
 // What the simulated service lays down for the numbers that the interfaces leave to a service: the statuses
-// that it answers, and the enumerators that it has in common with the examples.
+// that it answers, how many identifiers it tells, and the enumerators that it has in common with the
+// examples.
 #pragma once
 
 #include "examples/Enumerators.h"
 
 namespace accessory::simulator {
+
+/// The room in a caller's array of identifiers.
+inline constexpr unsigned int kMostIds = 10;
 
 /// What a request is answered with. The numbers are the platform's for the same mishaps.
 enum Status : int {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "simulator/Text.h"
+#include "simulator/Values.h"
 
 namespace accessory::simulator {
 

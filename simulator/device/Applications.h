@@ -12,8 +12,6 @@ namespace accessory::simulator {
 
 class Applications : public Feature {
   public:
-    static constexpr unsigned int kMostIds = 10;
-
     Applications(Stage& stage, unsigned int id, const DeviceProfile& profile, NowPlaying& nowPlaying,
                  Sessions& sessions);
 

@@ -1,15 +1,10 @@
 #include "simulator/service/OtherServices.h"
 
 #include "simulator/Text.h"
+#include "simulator/Values.h"
 #include "simulator/service/ReportedEvents.h"
 
 namespace accessory::simulator {
-
-namespace {
-
-constexpr unsigned int kMostIds = 10;
-
-}  // namespace
 
 int32_t AccessoryService::getDeviceCount() {
     return serveRequest(mWorld, mReport, "getDeviceCount()", [&] {

@@ -9,10 +9,10 @@ namespace {
 constexpr size_t kMostBytes = 32;
 
 /// Collects "{1: "a", 3: 5}": the fields that are there, by their positions.
-class Fields {
+class PresentFields {
   public:
     template <typename T>
-    Fields& add(const T* field) {
+    PresentFields& add(const T* field) {
         ++mPosition;
         if (field == nullptr) return *this;
         mText += mText.size() > 1 ? ", " : "";
@@ -66,7 +66,7 @@ std::string show(const AppleAppList& application) {
 }
 
 std::string show(const CallStateUpdateParam& param) {
-    Fields fields;
+    PresentFields fields;
     fields.add(param.field1).add(param.field2).add(param.field3).add(param.field4);
     fields.add(param.field5).add(param.field6).add(param.field7).add(param.field8);
     fields.add(param.field9).add(param.field10).add(param.field11).add(param.field12);
@@ -74,7 +74,7 @@ std::string show(const CallStateUpdateParam& param) {
 }
 
 std::string show(const CommunicationsUpdateParam& param) {
-    Fields fields;
+    PresentFields fields;
     fields.add(param.field1).add(param.field2).add(param.field3).add(param.field4);
     fields.add(param.field5).add(param.field6).add(param.field7).add(param.field8);
     fields.add(param.field9).add(param.field10).add(param.field11).add(param.field12);

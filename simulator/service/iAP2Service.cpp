@@ -2,13 +2,13 @@
 #include "simulator/service/iAP2Service.h"
 
 #include "simulator/Text.h"
+#include "simulator/Values.h"
 #include "simulator/service/ReportedEvents.h"
 
 namespace accessory::simulator {
 
 namespace {
 
-constexpr unsigned int kMostIds = 10;
 constexpr unsigned int kBluetoothAddressLength = 6;
 
 }  // namespace

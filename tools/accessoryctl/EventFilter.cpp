@@ -54,12 +54,12 @@ std::vector<std::string> cutAtDots(const std::string& path) {
 }
 
 /// Null when there is none; the list, for what would be in the entries of a list.
-const FieldDescription* findField(const std::vector<FieldDescription>& fields,
-                                  const std::vector<std::string>& path, size_t at = 0) {
+const FieldDescription* fieldAt(const std::vector<FieldDescription>& fields,
+                                const std::vector<std::string>& path, size_t at = 0) {
     for (const FieldDescription& field : fields) {
         if (field.name != path[at]) continue;
         const bool isWhole = at + 1 == path.size() || field.members.empty();
-        return isWhole ? &field : findField(field.members, path, at + 1);
+        return isWhole ? &field : fieldAt(field.members, path, at + 1);
     }
     return nullptr;
 }
@@ -142,7 +142,7 @@ void EventFilter::addCondition(const std::string& word, const std::vector<std::s
 std::vector<const FieldDescription*> EventFilter::fieldsOf(const Condition& condition) const {
     std::vector<const FieldDescription*> fields;
     for (const Operation* event : mEvents) {
-        if (const auto* const field = findField(event->fields, condition.path)) fields.push_back(field);
+        if (const auto* const field = fieldAt(event->fields, condition.path)) fields.push_back(field);
     }
     return fields;
 }
