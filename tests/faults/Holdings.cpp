@@ -1,5 +1,9 @@
 #include "tests/faults/Holdings.h"
 
+#include <poll.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
@@ -14,6 +18,13 @@ int entriesIn(const char* folder) {
     for ([[maybe_unused]] const auto& entry : std::filesystem::directory_iterator(folder))
         ++count;
     return count;
+}
+
+bool isSocketOfTheDead(int descriptor) {
+    struct stat status {};
+    if (fstat(descriptor, &status) != 0 || !S_ISSOCK(status.st_mode)) return false;
+    pollfd asked{descriptor, POLLRDHUP, 0};
+    return poll(&asked, 1, 0) == 1 && (asked.revents & (POLLHUP | POLLRDHUP)) != 0;
 }
 
 int mappedBlocks() {
@@ -34,6 +45,14 @@ Holdings Holdings::now() {
 void PrintTo(const Holdings& holdings, std::ostream* out) {
     *out << holdings.descriptors << " descriptors, " << holdings.threads << " threads, "
          << holdings.sharedBlocks << " shared blocks";
+}
+
+bool holdsASocketOfTheDead() {
+    const std::filesystem::directory_iterator all("/proc/self/fd");
+    return std::any_of(begin(all), end(all), [](const std::filesystem::directory_entry& entry) {
+        const int descriptor = std::stoi(entry.path().filename());
+        return descriptor > STDERR_FILENO && isSocketOfTheDead(descriptor);
+    });
 }
 
 int poolThreads() {

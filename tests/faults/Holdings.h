@@ -23,6 +23,9 @@ struct Holdings {
 /// How GoogleTest shows them.
 void PrintTo(const Holdings& holdings, std::ostream* out);
 
+/// Whether a socket is still open here, the standard streams aside, whose other end is gone.
+bool holdsASocketOfTheDead();
+
 /// How many threads of the runtime's pool this process has.
 int poolThreads();
 

@@ -44,6 +44,13 @@ Survivor::Survivor() : mDepotName(freshDepotName()) {
     EXPECT_TRUE(testing::ExitedWithCode(0)(crowd.wait()));
 }
 
+void Survivor::settle() {
+    EXPECT_TRUE(eventually([this] {
+        mAtFirst = Holdings::now();
+        return !holdsASocketOfTheDead() && Holdings::now() == mAtFirst;
+    }));
+}
+
 testing::AssertionResult Survivor::holdsWhatItHeld() const {
     if (eventually([this] { return Holdings::now() == mAtFirst; })) return testing::AssertionSuccess();
     return testing::AssertionFailure()

@@ -17,8 +17,8 @@ class Survivor : public testing::Test {
 
     const std::string& depotName() const { return mDepotName; }
 
-    /// Everything that is held now is held for good.
-    void settle() { mAtFirst = Holdings::now(); }
+    /// Waits until nothing is held of those that died; what is held then is held for good.
+    void settle();
     /// Whether this process holds, soon, exactly what it held when it settled.
     testing::AssertionResult holdsWhatItHeld() const;
 
