@@ -13,8 +13,10 @@
 #include <thread>
 #include <vector>
 
+#include "tests/platform/RawPeer.h"
 #include "tests/platform/TestObjects.h"
 #include "tests/platform/TestService.h"
+#include "tests/support/ChildRole.h"
 
 namespace accessory::test {
 namespace {
@@ -107,6 +109,28 @@ TEST(ForkedChild, HasNoneOfTheRuntimesDescriptors) {
                      const int inherited = openDescriptors();
                      if (inherited > before + kOfTheConversation) _exit(100 + inherited - before);
                  }));
+}
+
+/// Knocks at the door of the service of that name until it is killed.
+CHILD_ROLE(visitor) {
+    const RawAddress address = RawAddress::of(args.at(0));
+    for (;;)
+        RawPeer(address, RawHello());
+}
+
+TEST(ForkedChild, HasNoneOfTheSocketsThatArriveWhileItIsForked) {
+    const int before = openDescriptors();
+    EXPECT_EQ(NO_ERROR, defaultServiceManager()->addService(String16("visited"), new BBinder));
+    ProcessState::self()->startThreadPool();
+    const ChildProcess visitor("visitor", {"visited"});
+    constexpr int kOfTheVisitor = 1;
+    constexpr int kForks = 300;
+    int withMore = 0;
+    for (int i = 0; i < kForks; ++i) {
+        const int status = inForkedChild([&] { _exit(openDescriptors() > before + kOfTheVisitor ? 1 : 0); });
+        withMore += ExitedWithCode(0)(status) ? 0 : 1;
+    }
+    EXPECT_EQ(0, withMore) << "of " << kForks;
 }
 
 TEST(ForkedChild, ThatLivesOnDoesNotDelayTheNoticeOfItsParentsDeath) {

@@ -75,7 +75,8 @@ void Acceptor::rewatch() {
 void Acceptor::acceptAll(const Listener& listener) {
     for (int taken = 0; taken < kTurn; ++taken) {
         auto greeting = patiently([] { return std::make_shared<Greeting>(); });
-        greeting->fd = RuntimeFd(accept4(listener->get(), nullptr, nullptr, SOCK_CLOEXEC));
+        greeting->fd =
+            RuntimeFd::made([&] { return accept4(listener->get(), nullptr, nullptr, SOCK_CLOEXEC); });
         if (greeting->fd.isOpen()) {
             greet(greeting);
         } else if (errno == EMFILE || errno == ENFILE || errno == ENOMEM || errno == ENOBUFS) {

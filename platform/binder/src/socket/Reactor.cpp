@@ -35,7 +35,7 @@ bool Reactor::start() {
 /// Under mLock, for the descriptors may be asked for before the thread runs.
 bool Reactor::open() {
     const std::lock_guard<std::mutex> guard(mLock);
-    if (!mEpoll.isOpen()) mEpoll = RuntimeFd(epoll_create1(EPOLL_CLOEXEC));
+    if (!mEpoll.isOpen()) mEpoll = RuntimeFd::made([] { return epoll_create1(EPOLL_CLOEXEC); });
     if (!mEpoll.isOpen()) return false;
     if (mWakeUp.isOpen()) return true;
     RuntimeFd wakeUp(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK));

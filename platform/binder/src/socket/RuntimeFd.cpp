@@ -23,8 +23,10 @@ class FdList {
         return *list;
     }
 
+    std::unique_lock<std::mutex> hold() { return std::unique_lock<std::mutex>(mLock); }
+
+    /// The caller holds the list.
     void add(int fd) {
-        const std::lock_guard<std::mutex> guard(mLock);
         const auto size = static_cast<size_t>(fd) + 1;
         if (size > mOpen.size()) patiently([&] { mOpen.resize(size); });
         mOpen[static_cast<size_t>(fd)] = true;
@@ -59,8 +61,14 @@ class FdList {
 }  // namespace
 
 RuntimeFd::RuntimeFd(int fd) : mFd(fd) {
-    if (fd >= 0) FdList::instance().add(fd);
+    if (fd < 0) return;
+    const auto guard = holdForks();
+    enlist(fd);
 }
+
+std::unique_lock<std::mutex> RuntimeFd::holdForks() { return FdList::instance().hold(); }
+
+void RuntimeFd::enlist(int fd) { FdList::instance().add(fd); }
 
 RuntimeFd& RuntimeFd::operator=(RuntimeFd&& other) noexcept {
     if (this != &other) {

@@ -1,6 +1,7 @@
 // Descriptors that belong to the runtime itself.
 #pragma once
 
+#include <mutex>
 #include <utility>
 
 namespace android::runtime {
@@ -12,6 +13,16 @@ class RuntimeFd {
     RuntimeFd() = default;
     /// Takes @p fd over; -1 for none.
     explicit RuntimeFd(int fd);
+    /// Takes over what @p make returns, and lets no thread fork meanwhile: the child would keep a descriptor
+    /// that is not known yet. @p make must not block; errno is what it left.
+    template <typename Make>
+    static RuntimeFd made(const Make& make) {
+        const auto guard = holdForks();
+        RuntimeFd fd;
+        fd.mFd = make();
+        if (fd.isOpen()) enlist(fd.mFd);
+        return fd;
+    }
     ~RuntimeFd() { reset(); }
     RuntimeFd(RuntimeFd&& other) noexcept : mFd(std::exchange(other.mFd, -1)) {}
     RuntimeFd& operator=(RuntimeFd&& other) noexcept;
@@ -26,6 +37,9 @@ class RuntimeFd {
     static void noticeForks();
 
   private:
+    static std::unique_lock<std::mutex> holdForks();
+    static void enlist(int fd);  // while forks are held
+
     int mFd = -1;
 };
 

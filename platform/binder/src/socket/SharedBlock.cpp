@@ -59,7 +59,7 @@ bool isWholeForGood(int fd) {
 
 std::unique_ptr<SharedBlock> SharedBlock::create() {
     if (!countUp(gBlocks, kMostBlocks)) return nullptr;
-    RuntimeFd fd(memfd_create("binder", MFD_CLOEXEC | MFD_ALLOW_SEALING));
+    RuntimeFd fd = RuntimeFd::made([] { return memfd_create("binder", MFD_CLOEXEC | MFD_ALLOW_SEALING); });
     uint8_t* bytes = nullptr;
     if (fd.isOpen() && fallocate(fd.get(), 0, 0, kSharedBytes) == 0)
         bytes = mapped(fd.get(), PROT_READ | PROT_WRITE);

@@ -25,7 +25,9 @@ namespace {
 
 constexpr int kBacklog = 4096;
 
-RuntimeFd newSocket(int flags) { return RuntimeFd(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | flags, 0)); }
+RuntimeFd newSocket(int flags) {
+    return RuntimeFd::made([flags] { return socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | flags, 0); });
+}
 
 const sockaddr* generic(const sockaddr_un& address) { return reinterpret_cast<const sockaddr*>(&address); }
 

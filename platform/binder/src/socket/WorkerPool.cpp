@@ -54,7 +54,7 @@ WorkerPool::WorkerPool(RefusalLog& refusals)
 
 bool WorkerPool::open() {
     const std::lock_guard<std::mutex> guard(mLock);
-    if (!mEpoll.isOpen()) mEpoll = RuntimeFd(epoll_create1(EPOLL_CLOEXEC));
+    if (!mEpoll.isOpen()) mEpoll = RuntimeFd::made([] { return epoll_create1(EPOLL_CLOEXEC); });
     if (!mEpoll.isOpen()) BINDER_LOGE("no descriptor left to serve calls with: %s", strerror(errno));
     return mEpoll.isOpen();
 }
