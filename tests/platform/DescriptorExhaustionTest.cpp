@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <atomic>
+#include <chrono>
 #include <thread>
 #include <vector>
 
@@ -32,6 +33,9 @@ class WithoutDescriptors : public testing::Test {
 using ServiceWithoutDescriptors = WithoutDescriptors;
 using ClientWithoutDescriptors = WithoutDescriptors;
 using OwnerWithoutDescriptors = WithoutDescriptors;
+
+/// For a process to try again what failed for want of descriptors, several times over.
+constexpr std::chrono::milliseconds kLongEnough{200};
 
 void expectSuccess(ChildProcess* child) { EXPECT_PRED1(testing::ExitedWithCode(0), child->wait()); }
 
@@ -207,6 +211,23 @@ TEST_F(OwnerWithoutDescriptors, KeepsWhatWasPassedOnMeanwhile) {
     ASSERT_EQ(NO_ERROR, call.run());
     EXPECT_EQ(NO_ERROR, call.reply.readInt32());
     EXPECT_EQ(other.pid(), call.reply.readInt32());
+}
+
+TEST_F(OwnerWithoutDescriptors, KeepsWhatOneWhoDiedAtItsDoorHadPassedOn) {
+    const ServiceProcess owner;
+    ServiceProcess middle;
+    sp<IBinder> made = askForObject(owner.object(), kMake);
+    ask(owner.object(), kLeaveFree, 0);
+    ask(middle.object(), kKeep, made);
+    made = nullptr;
+    made = askForObject(middle.object(), kKept);
+    middle.kill();
+    std::this_thread::sleep_for(kLongEnough);
+    EXPECT_EQ(getpid(), ask(made, kCaller));
+    ask(owner.object(), kLeaveFree, -1);
+    EXPECT_EQ(DEAD_OBJECT, middle.object()->pingBinder());
+    std::this_thread::sleep_for(kLongEnough);
+    EXPECT_EQ(getpid(), ask(made, kCaller));
 }
 
 }  // namespace

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <csignal>
+
 #include "tests/platform/TestObjects.h"
 #include "tests/platform/TestService.h"
 
@@ -133,6 +135,52 @@ TEST(PassedOnObject, StaysAliveWhenTheMiddleDies) {
     EXPECT_EQ(DEAD_OBJECT, middle.object()->pingBinder());
     int32_t caller = 0;
     EXPECT_EQ(owner.pid(), ownerOfKept(other, &caller));
+    EXPECT_EQ(1, ask(owner.object(), kMade));
+}
+
+TEST(PassedOnObject, OutlivesAGiverWhoDiesBeforeItsOwnerHasLetHimIn) {
+    ServiceProcess owner;
+    ServiceProcess middle;
+    sp<IBinder> made = askForObject(owner.object(), kMake);
+    owner.process().stop();
+    ask(middle.object(), kKeep, made);
+    made = nullptr;
+    made = askForObject(middle.object(), kKept);
+    middle.kill();
+    owner.process().kill(SIGCONT);
+    EXPECT_EQ(getpid(), ask(made, kCaller));
+}
+
+/// Of two links to the giver, the one on which he said nothing may end first.
+TEST(PassedOnObject, OutlivesAGiverWhoSaidMuchBeforeHeDied) {
+    ServiceProcess owner;
+    ServiceProcess middle;
+    owner.process().stop();
+    ask(middle.object(), kKeep, owner.object());
+    owner.process().kill(SIGCONT);
+    sp<IBinder> made = askForObject(owner.object(), kMake);
+    owner.process().stop();
+    for (int i = 0; i < 200; ++i)
+        askForObject(middle.object(), kKept);
+    ask(middle.object(), kKeep, made);
+    made = nullptr;
+    made = askForObject(middle.object(), kKept);
+    middle.kill();
+    owner.process().kill(SIGCONT);
+    EXPECT_EQ(getpid(), ask(made, kCaller));
+}
+
+TEST(PassedOnObject, ComesHomeFromOneWhoDiesBeforeHeIsLetIn) {
+    ServiceProcess owner;
+    ServiceProcess middle;
+    sp<IBinder> made = askForObject(owner.object(), kMake);
+    owner.process().stop();
+    ask(middle.object(), kKeep, made);
+    made = nullptr;
+    ask(middle.object(), kPassKept, owner.object());
+    middle.kill();
+    owner.process().kill(SIGCONT);
+    EXPECT_TRUE(eventually([&] { return askForObject(owner.object(), kKept) != nullptr; }));
     EXPECT_EQ(1, ask(owner.object(), kMade));
 }
 

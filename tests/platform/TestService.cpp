@@ -108,6 +108,7 @@ class TestService : public BBinder {
             {kKeep, &TestService::keep},
             {kKept, &TestService::kept},
             {kDrop, &TestService::drop},
+            {kPassKept, &TestService::passKept},
             {kAskKept, &TestService::askKept},
             {kRelay, &TestService::relay},
             {kCountDown, &TestService::countDown},
@@ -186,6 +187,12 @@ class TestService : public BBinder {
     status_t drop(const Parcel& /*data*/, Parcel* /*reply*/) {
         setKept(nullptr);
         return NO_ERROR;
+    }
+
+    status_t passKept(const Parcel& data, Parcel* /*reply*/) {
+        Call call(data.readStrongBinder(), kKeep);
+        call << kept();
+        return call.send();
     }
 
     status_t askKept(const Parcel& data, Parcel* reply) {

@@ -25,6 +25,7 @@ enum ServiceCall : uint32_t {
     kKeep,          ///< object: keeps it instead of the one before
     kKept,          ///< -> the object that is kept
     kDrop,          ///< keeps none any more
+    kPassKept,      ///< service: sends the kept object there, one way, for it to keep
     kAskKept,       ///< code: calls the kept object -> the status, then its reply
     kRelay,         ///< two services: lets the second keep what the first makes
     kCountDown,     ///< object, depth: unless 0, calls it with kCountDown, this service, depth - 1 -> depth

@@ -55,6 +55,13 @@ bool Acceptor::open() {
     return true;
 }
 
+uint64_t Acceptor::timesDeserted() {
+    const std::lock_guard<std::mutex> guard(mLock);
+    pollfd door{mListener != nullptr ? mListener->get() : -1, POLLIN, 0};
+    if (poll(&door, 1, 0) == 0) ++mTimesDeserted;
+    return mTimesDeserted;
+}
+
 /// A socket without its name is one that nobody finds.
 bool Acceptor::isOpenLocked() const {
     if (mListener == nullptr) return false;
@@ -82,6 +89,7 @@ void Acceptor::acceptAll(const Listener& listener) {
         } else if (errno == EMFILE || errno == ENFILE || errno == ENOMEM || errno == ENOBUFS) {
             return pause(listener);
         } else if (errno != EINTR && errno != ECONNABORTED) {
+            ++mTimesDeserted;
             return;
         }
     }

@@ -27,6 +27,10 @@ class Acceptor {
     /// again. Any thread. @return false, which is logged, when it cannot be opened.
     bool open();
 
+    /// How often nobody was found at the door, now included: who stood there when it was less has been let in
+    /// since. On the reactor's thread.
+    uint64_t timesDeserted();
+
   private:
     using Listener = std::shared_ptr<const RuntimeFd>;
 
@@ -71,7 +75,8 @@ class Acceptor {
     uint64_t mWatch = 0;
     Quota mQuota{kMostGreetings};
     std::map<uint64_t, std::shared_ptr<Greeting>> mGreetings;  // by watch, so the oldest first
-    bool mSweeping = false;                                    // a timer looks for late ones
+    uint64_t mTimesDeserted = 0;
+    bool mSweeping = false;  // a timer looks for late ones
 };
 
 }  // namespace android::runtime

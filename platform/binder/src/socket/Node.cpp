@@ -47,7 +47,7 @@ Node& Node::instance() {
 }
 
 /// A process that has no memory to be traced goes on without.
-Node::Node() : folder(chooseRuntimeFolder()), peers(*this), mAcceptor(*this) {
+Node::Node() : folder(chooseRuntimeFolder()), peers(*this), departures(*this), mAcceptor(*this) {
     unlessExhausted([] {
         trace::startIfAsked();
         return NO_ERROR;

@@ -10,6 +10,7 @@
 #include "../OutOfMemory.h"
 #include "Acceptor.h"
 #include "Access.h"
+#include "Departures.h"
 #include "Exports.h"
 #include "Identity.h"
 #include "Limits.h"
@@ -27,8 +28,8 @@ namespace android::runtime {
 /// ends.
 ///
 /// Locks are taken in this order and no other: mPreparing; Acceptor::mLock; Peer::mOnewayLock; Peer::mLock;
-/// then the leaves (Exports, PeerTable, Reactor, WorkerPool, OnewayQueue, NoticeThread, Quota, RefusalLog,
-/// the list of descriptors).
+/// Departures::mLock; then the leaves (Exports, PeerTable, Reactor, WorkerPool, OnewayQueue, NoticeThread,
+/// Quota, RefusalLog, the list of descriptors).
 class Node {
   public:
     static Node& instance();
@@ -46,6 +47,7 @@ class Node {
     Quota unreached{kMostUnreached};  // all of them this process's own
     Exports exports;
     PeerTable peers;
+    Departures departures;
     Reactor reactor;
     NoticeThread notices{reactor};
     WorkerPool workers{refusals};
@@ -57,6 +59,9 @@ class Node {
     /// process.
     /// @return the object when nobody holds it any more, to be released by the caller.
     sp<BBinder> credit(const Token& token, const PeerId& beneficiary, int64_t change, Peer& passer);
+
+    /// As Acceptor::timesDeserted().
+    uint64_t timesDeserted() { return mAcceptor.timesDeserted(); }
 
     /// Releases objects on the notice thread: their destructors are foreign code. Null is allowed.
     void letGo(Exports::Objects objects);

@@ -162,7 +162,6 @@ Claim Peer::claimAtClosedDoor(const Credentials& credentials) {
 
 /// What it takes is had or waited for: whoever it is to be told to would never hear of it otherwise.
 void Peer::die() {
-    std::vector<std::shared_ptr<Link>> links;
     std::vector<std::unique_ptr<Connection>> idle;
     std::vector<sp<BpBinder>> bereaved;
     {
@@ -170,23 +169,33 @@ void Peer::die() {
         if (mDead) return;
         bereaved.reserve(mProxies.size());
         mDead = true;
-        links.swap(mLinks);
+        mEndedLinks.swap(mLinks);
         idle.swap(mIdle);
         for (const auto& [token, proxy] : mProxies) {
             sp<BpBinder> binder = proxy.binder.promote();
             if (binder != nullptr) bereaved.push_back(std::move(binder));
         }
     }
-    for (const auto& link : links)
+    for (const auto& link : mEndedLinks)
         mNode.reactor.forget(link->watch, link->fd.get());
-    // In front of forget(): who has the same identity afterwards is counted anew.
-    mNode.letGo(mNode.exports.dropHolder(mId));
-    mNode.peers.forget(*this);
+    patiently([this] { mNode.departures.add(shared_from_this()); });
     patiently([this] { mNode.peers.noteDeath(mId); });
     patiently([this] { removeSocket(); });
     for (sp<BpBinder>& binder : bereaved)
         tellOfDeath(std::move(binder));
     dropOneway();
+}
+
+void Peer::hearLastWords() {
+    for (const auto& link : mEndedLinks)
+        hear(link.get());
+    mEndedLinks.clear();
+}
+
+/// The references in front of the name: who has the same identity afterwards is counted anew.
+void Peer::depart() {
+    mNode.letGo(mNode.exports.dropHolder(mId));
+    mNode.peers.forget(*this);
 }
 
 /// The notice empties what it shares with this function: the proxy's end is foreign code, too.

@@ -35,6 +35,9 @@ enum class Claim {
 /// is at least one before an object goes either way. Both sides may open one at the same time; then both
 /// stay, because closing one would look like a death.
 ///
+/// A dead one is still the peer of its identity, and what it held is kept, until Departures takes leave of
+/// it.
+///
 /// mLock guards everything below it; under it nothing waits but for memory, no foreign code runs, and only
 /// Exports::mLock, Reactor::mLock and the leaves of quotas and refusals are taken.
 class Peer : public std::enable_shared_from_this<Peer> {
@@ -106,6 +109,11 @@ class Peer : public std::enable_shared_from_this<Peer> {
     /// For SocketRemote, at its end: gives its references back.
     void forget(const SocketRemote& remote);
 
+    /// Obeys what the dead process had said on its links. For Departures, on the reactor's thread.
+    void hearLastWords();
+    /// Ends its references; whoever has its identity afterwards is another peer.
+    void depart();
+
   private:
     struct Link {
         RuntimeFd fd;
@@ -131,6 +139,7 @@ class Peer : public std::enable_shared_from_this<Peer> {
     void seekAgain();
     void onLinkEvent(const std::shared_ptr<Link>& link, uint32_t events);
     bool readLink(Link* link);
+    void hear(Link* link);
     bool obey(const LinkMessage& message);
     void removeSocket();
     void tell(const LinkMessage& message);
@@ -139,7 +148,6 @@ class Peer : public std::enable_shared_from_this<Peer> {
     sp<BpBinder> newProxy(const Token& token, bool* dead);
     void flushLocked();
     void giveUpLocked();
-    void endLinks();
     int sendOutboxLocked(const Link& link);
     bool flushesLaterLocked();
     void flushAgain();
@@ -166,6 +174,8 @@ class Peer : public std::enable_shared_from_this<Peer> {
     bool mFlushing = false;  // a timer sends them
     std::vector<std::unique_ptr<Connection>> mIdle;
     std::unordered_map<Token, Proxy, SecretHash> mProxies;
+
+    std::vector<std::shared_ptr<Link>> mEndedLinks;  // of a dead process, for hearLastWords() alone
 
     // Orders one-way calls; held while sending, taken before mLock.
     std::mutex mOnewayLock;

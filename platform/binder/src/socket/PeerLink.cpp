@@ -62,7 +62,10 @@ void Peer::seekAgain() {
 void Peer::adoptLink(RuntimeFd* fd, const Credentials& credentials) {
     Quota::Share share = mNode.links.take(credentials.pid);
     if (!share) return mNode.refusals.tell(credentials, "it has too many links");
-    addLink(fd, credentials, std::move(share));
+    if (addLink(fd, credentials, std::move(share)) != DEAD_OBJECT) return;
+    Link last;
+    last.fd = std::move(*fd);
+    hear(&last);
 }
 
 /// A link that ends looks like this process's death, so all memory is had before the other end hears of it.
@@ -129,6 +132,15 @@ bool Peer::readLink(Link* link) {
     return got > 0;
 }
 
+/// Obeys what has arrived by now.
+void Peer::hear(Link* link) {
+    int waiting = 0;
+    ioctl(link->fd.get(), FIONREAD, &waiting);
+    for (size_t left = static_cast<size_t>(waiting) / sizeof(LinkMessage) + 1; left > 0 && readLink(link);
+         --left) {
+    }
+}
+
 /// @return false when the message makes no sense.
 bool Peer::obey(const LinkMessage& message) {
     sp<BBinder> unheld;
@@ -177,28 +189,12 @@ void Peer::tellForSure(const LinkMessage& message) {
 /// message tries again.
 void Peer::giveUpLocked() {
     unlessExhausted([this] {
-        mNode.reactor.after(std::chrono::milliseconds(0), [self = shared_from_this()] { self->endLinks(); });
+        mNode.reactor.after(std::chrono::milliseconds(0),
+                            [self = shared_from_this()] { patiently([&] { self->die(); }); });
         mGivenUp = true;
         std::string().swap(mOutbox);
         return NO_ERROR;
     });
-}
-
-/// What the peer said before still counts: it may have passed objects on to others.
-void Peer::endLinks() {
-    std::vector<std::shared_ptr<Link>> links;
-    patiently([&] {
-        const std::lock_guard<std::mutex> guard(mLock);
-        links = mLinks;
-    });
-    for (const auto& link : links) {
-        int waiting = 0;
-        ioctl(link->fd.get(), FIONREAD, &waiting);
-        for (size_t left = static_cast<size_t>(waiting) / sizeof(LinkMessage) + 1;
-             left > 0 && readLink(link.get()); --left) {
-        }
-    }
-    patiently([this] { die(); });
 }
 
 /// Always on the first link, so that messages keep their order. They wait while there is none: a process may
