@@ -5,7 +5,6 @@
 #include <unistd.h>
 
 #include <atomic>
-#include <chrono>
 #include <thread>
 #include <vector>
 
@@ -33,9 +32,6 @@ class WithoutDescriptors : public testing::Test {
 using ServiceWithoutDescriptors = WithoutDescriptors;
 using ClientWithoutDescriptors = WithoutDescriptors;
 using OwnerWithoutDescriptors = WithoutDescriptors;
-
-/// For a process to try again what failed for want of descriptors, several times over.
-constexpr std::chrono::milliseconds kLongEnough{200};
 
 void expectSuccess(ChildProcess* child) { EXPECT_PRED1(testing::ExitedWithCode(0), child->wait()); }
 
@@ -213,21 +209,26 @@ TEST_F(OwnerWithoutDescriptors, KeepsWhatWasPassedOnMeanwhile) {
     EXPECT_EQ(other.pid(), call.reply.readInt32());
 }
 
+/// Another one dies behind him, so that it shows when the owner has heard of both.
 TEST_F(OwnerWithoutDescriptors, KeepsWhatOneWhoDiedAtItsDoorHadPassedOn) {
     const ServiceProcess owner;
     ServiceProcess middle;
+    ServiceProcess last;
     sp<IBinder> made = askForObject(owner.object(), kMake);
+    sp<IBinder> other = askForObject(owner.object(), kMake);
     ask(owner.object(), kLeaveFree, 0);
     ask(middle.object(), kKeep, made);
+    ask(last.object(), kKeep, other);
     made = nullptr;
+    other = nullptr;
     made = askForObject(middle.object(), kKept);
     middle.kill();
-    std::this_thread::sleep_for(kLongEnough);
-    EXPECT_EQ(getpid(), ask(made, kCaller));
+    last.kill();
+    EXPECT_EQ(2, ask(owner.object(), kMade));
     ask(owner.object(), kLeaveFree, -1);
-    EXPECT_EQ(DEAD_OBJECT, middle.object()->pingBinder());
-    std::this_thread::sleep_for(kLongEnough);
+    EXPECT_TRUE(eventually([&] { return ask(owner.object(), kMade) != 2; }));
     EXPECT_EQ(getpid(), ask(made, kCaller));
+    EXPECT_EQ(1, ask(owner.object(), kMade));
 }
 
 }  // namespace
