@@ -4,7 +4,7 @@
 
 #include <vector>
 
-using namespace accessory::bench;
+using namespace accessory::bench;  // NOLINT(google-build-using-namespace): the tests' vocabulary
 
 namespace {
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-using namespace accessory::bench;
+using namespace accessory::bench;  // NOLINT(google-build-using-namespace): the tests' vocabulary
 
 namespace {
 

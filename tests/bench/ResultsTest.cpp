@@ -5,7 +5,7 @@
 #include <fstream>
 #include <sstream>
 
-using namespace accessory::bench;
+using namespace accessory::bench;  // NOLINT(google-build-using-namespace): the tests' vocabulary
 
 namespace {
 

@@ -6,6 +6,7 @@
 
 #include "tests/failures/NthFailure.h"
 
+// NOLINTBEGIN(cppcoreguidelines-no-malloc): what operator new is made of
 namespace {
 
 void* allocate(size_t size) {
@@ -23,3 +24,4 @@ void* operator new(size_t size) {
 void* operator new(size_t size, const std::nothrow_t&) noexcept { return allocate(size); }
 void operator delete(void* block) noexcept { std::free(block); }
 void operator delete(void* block, size_t) noexcept { std::free(block); }
+// NOLINTEND(cppcoreguidelines-no-malloc)

@@ -53,6 +53,8 @@ bool fails(std::initializer_list<int> possible) {
     if (known_##function == nullptr) known_##function = behind("__interceptor_" #function, #function); \
     auto* const genuine_##function = reinterpret_cast<decltype(&(function))>(known_##function.load())
 
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name, performance-no-int-to-ptr): the C
+// library's headers name no parameter as others may, and syscall() takes pointers for numbers
 VISIBLE int socket(int domain, int type, int protocol) noexcept {
     GENUINE(socket);
     return fails({EMFILE, ENOMEM, ENOBUFS}) ? -1 : genuine_socket(domain, type, protocol);
@@ -247,3 +249,4 @@ VISIBLE int epoll_wait(int set, epoll_event* events, int most, int timeout) {
     GENUINE(epoll_wait);
     return fails({EINTR}) ? -1 : genuine_epoll_wait(set, events, most, timeout);
 }
+// NOLINTEND(readability-inconsistent-declaration-parameter-name, performance-no-int-to-ptr)

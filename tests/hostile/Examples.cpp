@@ -41,7 +41,8 @@ bool endsTheProcess(const tools::Operation& operation, const Bytes& request) {
     fill(&parcel, request);
     if (!parcel.enforceInterface(android::String16("accessory.AppleiAP2ManagerNotifier"))) return false;
     parcel.readInt32();
-    return isBeyond(parcel) || isBeyond(parcel);
+    const bool isFirstBeyond = isBeyond(parcel);
+    return isFirstBeyond || isBeyond(parcel);
 }
 
 }  // namespace accessory::test

@@ -26,7 +26,7 @@ constexpr size_t kAlways = size_t{64} * 1024;
 /// What the zeroed entries of a request may take, for each array as much as a transaction could have brought
 /// of it; the entries of two kinds are larger in memory than in a parcel.
 size_t mostZeroedBytes(const std::string& operation) {
-    constexpr size_t kMostApplications = 2 * 65535;
+    constexpr size_t kMostApplications = size_t{2} * 65535;
     constexpr size_t kMostLibraryEntries = kMostTransactionBytes / (2 * sizeof(uint32_t));
     constexpr size_t kAround = 144;  // a head, a count of references, a place in a list that grows by halves
     if (operation == "AppDiscoveryUpdate")

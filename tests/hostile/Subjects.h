@@ -22,6 +22,6 @@ struct Subject {
 };
 
 /// A fresh stub of the interface with that name, kept where a leak checker finds it.
-Subject subjectOf(const std::string& interface);
+Subject subjectOf(const std::string& name);
 
 }  // namespace accessory::test

@@ -8,7 +8,7 @@
 #include "tests/platform/CountingHeap.h"
 #include "tests/platform/ParcelBytes.h"
 
-using namespace android;
+using namespace android;  // NOLINT(google-build-using-namespace): the tests' vocabulary
 using accessory::test::frees;
 using accessory::test::hexOf;
 

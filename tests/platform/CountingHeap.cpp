@@ -35,7 +35,7 @@ void operator delete(void* block) noexcept {
         ++tFrees;
         tHeld -= static_cast<ptrdiff_t>(malloc_usable_size(block));
     }
-    std::free(block);
+    std::free(block);  // NOLINT(cppcoreguidelines-no-malloc): what operator delete is made of
 }
 
 void operator delete(void* block, size_t) noexcept { operator delete(block); }

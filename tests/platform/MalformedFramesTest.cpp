@@ -34,7 +34,7 @@ class MalformedFrames : public testing::Test {
     }
 
     /// A call of kEcho with one record for each of @p records, and 24 bytes of data for each.
-    std::string callWith(std::vector<RawRecord> records, uint8_t descriptorCount = 0) const {
+    std::string callWith(const std::vector<RawRecord>& records, uint8_t descriptorCount = 0) const {
         RawHeader header = callHeader();
         header.objectCount = static_cast<uint32_t>(records.size());
         header.descriptorCount = descriptorCount;

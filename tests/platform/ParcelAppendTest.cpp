@@ -8,7 +8,7 @@
 
 #include "tests/platform/ParcelBytes.h"
 
-using namespace android;
+using namespace android;  // NOLINT(google-build-using-namespace): the tests' vocabulary
 using accessory::test::fill;
 using accessory::test::hexOf;
 

@@ -9,7 +9,7 @@
 #include "platform/binder/src/ParcelAccess.h"
 #include "tests/platform/ParcelBytes.h"
 
-using namespace android;
+using namespace android;  // NOLINT(google-build-using-namespace): the tests' vocabulary
 using accessory::test::hexOf;
 using runtime::ParcelAccess;
 

@@ -6,7 +6,7 @@
 #include "tests/platform/ParcelBytes.h"
 #include "tests/support/LogCatcher.h"
 
-using namespace android;
+using namespace android;  // NOLINT(google-build-using-namespace): the tests' vocabulary
 using accessory::test::fill;
 using accessory::test::hexOf;
 using accessory::test::LogCatcher;

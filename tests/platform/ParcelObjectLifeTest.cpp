@@ -4,7 +4,7 @@
 
 #include "tests/platform/ParcelBytes.h"
 
-using namespace android;
+using namespace android;  // NOLINT(google-build-using-namespace): the tests' vocabulary
 using accessory::test::fill;
 
 namespace {

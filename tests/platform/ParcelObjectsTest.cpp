@@ -9,7 +9,7 @@
 #include "platform/binder/src/Transport.h"
 #include "tests/platform/ParcelBytes.h"
 
-using namespace android;
+using namespace android;  // NOLINT(google-build-using-namespace): the tests' vocabulary
 using accessory::test::fill;
 using accessory::test::hexOf;
 using runtime::ParcelAccess;
@@ -26,9 +26,10 @@ class FarObject : public runtime::RemoteObject {
 
 /// The eight bytes at @p offset.
 const void* addressAt(const Parcel& parcel, size_t offset) {
-    uint64_t address = 0;
+    const void* address = nullptr;
+    static_assert(sizeof address <= sizeof(uint64_t));
     std::memcpy(&address, parcel.data() + offset, sizeof address);
-    return reinterpret_cast<const void*>(static_cast<uintptr_t>(address));
+    return address;
 }
 
 TEST(ParcelObjects, WritesALocalBinderAsItsTwoAddresses) {

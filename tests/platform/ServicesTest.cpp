@@ -223,9 +223,10 @@ TEST(ServiceEntry, ThatCannotBeReadCountsAsNone) {
     const std::string name = uniqueServiceName();
     const std::string digits(32, 'a');
     const std::string zeros(32, '0');
-    for (const std::string& text :
-         {std::string(), std::string("x"), digits + " " + digits, digits + "\n", zeros + " " + zeros + "\n",
-          digits + " " + digits + "\n\n", std::string(66, 'g'), std::string(100'000, 'a')}) {
+    const std::string pair = digits + " " + digits;
+    const std::string ofNobody = zeros + " " + zeros + "\n";
+    for (const std::string& text : {std::string(), std::string("x"), pair, digits + "\n", ofNobody,
+                                    pair + "\n\n", std::string(66, 'g'), std::string(100'000, 'a')}) {
         std::ofstream(entryOf(name)) << text;
         EXPECT_EQ(nullptr, check(name)) << text.substr(0, 70);
         EXPECT_THAT(listed(), Not(Contains(name))) << text.substr(0, 70);

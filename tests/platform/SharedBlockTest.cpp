@@ -19,7 +19,7 @@ namespace {
 
 using namespace android;  // NOLINT(google-build-using-namespace): the tests' vocabulary
 
-constexpr size_t kBlockBytes = 1024 * 1024;
+constexpr size_t kBlockBytes = size_t{1024} * 1024;
 constexpr uint8_t kOffersBlock = 1;
 constexpr uint8_t kMapsBlock = 2;
 constexpr uint8_t kDataInBlock = 4;

@@ -74,7 +74,7 @@ TEST(TraceRing, CarriesRecordsAcrossItsEnd) {
 /// Every record is told apart by its letter and is as long as its letter says.
 bool isWhole(const std::string& text) {
     for (size_t at = 0; at < text.size();) {
-        const auto length = static_cast<size_t>(text[at] - 'a' + 1);
+        const auto length = size_t{1} + static_cast<unsigned char>(text[at]) - 'a';
         if (text.compare(at, length, std::string(length, text[at])) != 0) return false;
         at += length;
     }

@@ -59,10 +59,10 @@ INSTANTIATE_TEST_SUITE_P(All, ReadyMadeScenario,
 TEST(Commute, HasMusicGuidanceLanesAndACall) {
     const std::string transcript = transcriptOf("commute");
     for (const char* event :
-         {"title: \"First Light\"", "title: \"Ring Road\"",
-          "maneuverDescription: \"Turn right onto High Street\"",
-          "laneGuidanceDescription: \"Use the two left lanes\"", "routeGuidanceState: 5",
-          "routeGuidanceState: 2", "CallStateUpdate(1, {1: \"+44 20 7946 0123\", 2: \"Ben Falk\", 3: 2",
+         {R"(title: "First Light")", R"(title: "Ring Road")",
+          R"(maneuverDescription: "Turn right onto High Street")",
+          R"(laneGuidanceDescription: "Use the two left lanes")", "routeGuidanceState: 5",
+          "routeGuidanceState: 2", R"(CallStateUpdate(1, {1: "+44 20 7946 0123", 2: "Ben Falk", 3: 2)",
           "3: 4", "3: 0", "CommunicationsUpdate(1, {1: 2})", "EASessionStart(1, 7, 1)"})
         EXPECT_THAT(transcript, HasSubstr(event));
 }

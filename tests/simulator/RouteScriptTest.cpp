@@ -7,10 +7,8 @@ namespace accessory::simulator::test {
 namespace {
 
 using testing::AllOf;
-using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
 using testing::StartsWith;
 
 constexpr const char* kRoute =

@@ -105,10 +105,10 @@ TEST(ScenarioReader, ReadsFaults) {
 TEST(ScenarioReference, NamesSectionsFieldsTypesAndActions) {
     const std::string reference = scenarioReference();
     for (const char* line :
-         {"begin: one of \"startup\", \"at once\", default \"startup\".", "  transport: one of \"usb\"",
+         {R"(begin: one of "startup", "at once", default "startup".)", R"(  transport: one of "usb")",
           "    chargeLevel: a whole number from 0 to 100, default 80.", "        highlighted: a whole number",
-          "  do \"incoming-call\": Somebody calls.", "    rings: a number from 0 to 1000000, default 20.",
-          "  kind: one of \"delay\", \"error\", \"empty\", \"die\""})
+          R"(  do "incoming-call": Somebody calls.)", "    rings: a number from 0 to 1000000, default 20.",
+          R"(  kind: one of "delay", "error", "empty", "die")"})
         EXPECT_THAT(reference, testing::HasSubstr(line));
 }
 

@@ -12,7 +12,6 @@ namespace {
 
 using android::sp;
 using testing::A;
-using testing::NiceMock;
 using testing::Return;
 
 TEST(Mocks, OfInterfacesAreBindersThatLeadBackToThem) {

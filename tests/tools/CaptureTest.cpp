@@ -100,7 +100,7 @@ TEST(Capture, SaysWhatIsWrongAndWhere) {
               ", byte " + at + ": a packet whose sizes do not agree");
     EXPECT_EQ(complaint(begin + packet + packet), "");
     std::string ethernet = begin;
-    ethernet[ethernet.find("\x93")] = 1;
+    ethernet[ethernet.find('\x93')] = 1;
     EXPECT_THAT(complaint(ethernet),
                 HasSubstr("packets of link type 1, not 147: no capture of transactions"));
 }

@@ -155,7 +155,7 @@ TEST_F(Doctor, TidiesWhatProcessesThatEndedLeftBehind) {
     const timespec minuteAgo[] = {{time(nullptr) - 60, 0}, {time(nullptr) - 60, 0}};
     ASSERT_EQ(utimensat(AT_FDCWD, old.c_str(), minuteAgo, 0), 0);
     std::ofstream(folder + "/service-of.the.dead") << "0123456789abcdef 00\n";
-    std::ofstream(folder + "/lock");
+    const std::ofstream lock(folder + "/lock");
     Services services;
     const Ran ran = run({"doctor", "--json", "--tidy"});
     EXPECT_EQ(ran.status, 0);

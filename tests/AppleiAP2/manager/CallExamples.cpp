@@ -42,7 +42,7 @@ std::vector<Example> begunAndEnded() {
         {"EndCall", 68, parcel({i32(7), i32(-2), i32(0)}), "7, -2, null",
          [](M& to) { return to.EndCall(7, -2, nullptr); }},
         {"InitiateCall", 69, parcel({i32(7), i32(-1), i32(1), cstr("+49 1"), i32(-2), i32(1), cstr("book")}),
-         "7, {-1 \"+49 1\" -2 \"book\"}",
+         R"(7, {-1 "+49 1" -2 "book"})",
          [](M& to) {
              InitiateCallParam param{-1, "+49 1", -2, "book"};
              return to.InitiateCall(7, &param);

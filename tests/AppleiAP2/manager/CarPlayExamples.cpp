@@ -12,7 +12,7 @@ std::vector<Example> carPlaySessions() {
         {"CarPlayStartSession", 76,
          parcel({i32(7), i32(1), cstr("wired"), i32(1), cstr("w1"), cstr("w2"), i32(0xf8), cstr("w3"),
                  i32(0x80000032), i32(0x80000004), cstr("s1"), cstr("s2"), cstr("s3")}),
-         "7, {\"wired\"}, {\"w1\" \"w2\" 248 \"w3\" 2147483698}, 2147483652, \"s1\", \"s2\", \"s3\"",
+         R"(7, {"wired"}, {"w1" "w2" 248 "w3" 2147483698}, 2147483652, "s1", "s2", "s3")",
          [](M& to) {
              CPStartSessionWiredAttributes wired{"wired"};
              CPStartSessionWirelessAttributes wireless{"w1", "w2", 0xf8, "w3", 0x80000032};
@@ -20,19 +20,19 @@ std::vector<Example> carPlaySessions() {
          }},
         {"CarPlayStartSession", 76,
          parcel({i32(7), i32(0), i32(0), i32(4), cstr("s1"), cstr(""), cstr("s3")}),
-         "7, null, null, 4, \"s1\", \"\", \"s3\"",
+         R"(7, null, null, 4, "s1", "", "s3")",
          [](M& to) { return to.CarPlayStartSession(7, nullptr, nullptr, 4, "s1", "", "s3"); }},
         {"CarPlayStartSession", 76,
          parcel({i32(7), i32(0), i32(1), cstr("w1"), cstr("w2"), i32(8), cstr("w3"), i32(32), i32(4),
                  cstr("s1"), cstr("s2"), cstr("s3")}),
-         "7, null, {\"w1\" \"w2\" 8 \"w3\" 32}, 4, \"s1\", \"s2\", \"s3\"",
+         R"(7, null, {"w1" "w2" 8 "w3" 32}, 4, "s1", "s2", "s3")",
          [](M& to) {
              CPStartSessionWirelessAttributes wireless{"w1", "w2", 8, "w3", 32};
              return to.CarPlayStartSession(7, nullptr, &wireless, 4, "s1", "s2", "s3");
          }},
         {"CarPlayStartSession", 76,
          parcel({i32(7), i32(1), cstr("wired"), i32(0), i32(4), cstr("s1"), cstr("s2"), cstr("s3")}),
-         "7, {\"wired\"}, null, 4, \"s1\", \"s2\", \"s3\"",
+         R"(7, {"wired"}, null, 4, "s1", "s2", "s3")",
          [](M& to) {
              CPStartSessionWiredAttributes wired{"wired"};
              return to.CarPlayStartSession(7, &wired, nullptr, 4, "s1", "s2", "s3");
@@ -70,7 +70,7 @@ std::vector<Example> pairing() {
          "7, 2, null, null",
          [](M& to) { return to.BluetoothPairingAccessoryInformation(7, 2, nullptr, nullptr); }},
         {"BluetoothPairingStatus", 79, parcel({i32(7), i32(0xfff2), i32(0x80000003), i32(1), cstr("t")}),
-         "7, 65522, 2147483651, \"t\"",
+         R"(7, 65522, 2147483651, "t")",
          [](M& to) { return to.BluetoothPairingStatus(7, 0xfff2, 0x80000003, "t"); }},
         {"BluetoothPairingStatus", 79, parcel({i32(7), i32(2), i32(3), i32(0)}), "7, 2, 3, null",
          [](M& to) { return to.BluetoothPairingStatus(7, 2, 3, nullptr); }},
@@ -80,7 +80,7 @@ std::vector<Example> pairing() {
 std::vector<Example> carKeys() {
     return {
         {"CarPlayAvailableDigitalCarKeys", 91, parcel({i32(7), i32(3), cstr("k1"), cstr(""), cstr("key3")}),
-         "7, {\"k1\" \"\" \"key3\"}",
+         R"(7, {"k1" "" "key3"})",
          [](M& to) {
              std::vector<std::string> keys = {"k1", "", "key3"};
              return to.CarPlayAvailableDigitalCarKeys(7, keys);

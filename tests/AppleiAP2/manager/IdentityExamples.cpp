@@ -35,9 +35,9 @@ std::vector<Example> configuration() {
         {"shutdown", 8, i32(-3), "-3", [](M& to) { return to.shutdown(kMode); }},
         {"setConfigPath", 9, parcel({i32(-3), cstr("/etc/iap2")}), "-3, \"/etc/iap2\"",
          [](M& to) { return to.setConfigPath(kMode, "/etc/iap2"); }},
-        {"setProperty", 77, parcel({i32(-3), cstr("key"), cstr("a value")}), "-3, \"key\", \"a value\"",
+        {"setProperty", 77, parcel({i32(-3), cstr("key"), cstr("a value")}), R"(-3, "key", "a value")",
          [](M& to) { return to.setProperty(kMode, "key", "a value"); }},
-        {"setProperty", 77, parcel({i32(-3), cstr(""), cstr("")}), "-3, \"\", \"\"",
+        {"setProperty", 77, parcel({i32(-3), cstr(""), cstr("")}), R"(-3, "", "")",
          [](M& to) { return to.setProperty(kMode, "", ""); }},
         Example("getVersion", 75, {}, "",
                 [](M& to) {

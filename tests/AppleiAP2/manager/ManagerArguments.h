@@ -11,7 +11,7 @@ size_t sizeOf(int count, size_t width);
 /// Identifiers of displays: an array that is not there is told apart from an empty one.
 std::string showIds(const int* ids, int count);
 
-std::string show(const HIDReportAttributes* attributes);
+std::string show(const HIDReportAttributes* of);
 std::string show(const InitiateCallParam* param);
 std::string show(const CPStartSessionWiredAttributes* wired);
 std::string show(const CPStartSessionWirelessAttributes* wireless);

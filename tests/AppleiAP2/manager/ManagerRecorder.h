@@ -35,11 +35,11 @@ class ManagerRecorder : public AppleiAP2ManagerImplItf {
     int startup(AppleiAP2TransportMode mode) override;
     int shutdown(AppleiAP2TransportMode mode) override;
     int setConfigPath(AppleiAP2TransportMode mode, const char* path) override;
-    int getAccessoryIds(unsigned int* ids, unsigned int* count) override;
-    const char* getSupportFeature(unsigned int accId, const char* feature) override;
+    int getAccessoryIds(unsigned int* room, unsigned int* count) override;
+    const char* getSupportFeature(unsigned int accId, const char* name) override;
     int start(unsigned int accId) override;
     int stop(unsigned int accId) override;
-    int getAPPIds(unsigned int accId, const char** appIds, unsigned int* count) override;
+    int getAPPIds(unsigned int accId, const char** room, unsigned int* count) override;
     int launchAPP(unsigned int accId, const char* appId, AppLaunchMethod method) override;
     int startHID(unsigned int accId) override;
     int dispatchMediaPlaybackRemoteEvent(unsigned int accId, unsigned int value1,

@@ -147,7 +147,10 @@ class OwnManager : public BnAppleiAP2Manager {
         return -1;
     }
     const char* getVersion() override { return "own"; }
-    int getAccessoryIds(unsigned int*, unsigned int* count) override { return (*count = 0) + 4; }
+    int getAccessoryIds(unsigned int*, unsigned int* count) override {
+        *count = 0;
+        return 4;
+    }
 };
 
 TEST_F(ManagerStub, CallsItsOwnOperationsSoThatAServiceMayOverrideThem) {

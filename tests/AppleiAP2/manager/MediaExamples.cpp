@@ -31,17 +31,17 @@ std::vector<Example> information() {
         {"startMediaLibInformation", 19, i32(7), "7", [](M& to) { return to.startMediaLibInformation(7); }},
         {"stopMediaLibInformation", 20, i32(7), "7", [](M& to) { return to.stopMediaLibInformation(7); }},
         {"startMediaLibUpdates", 21, parcel({i32(7), cstr("lib"), cstr("rev 4"), kFive}),
-         "7, {\"lib\" \"rev 4\" -2 -1 0 1 2}", [](M& to) { return updates(to, "lib", "rev 4"); }},
+         R"(7, {"lib" "rev 4" -2 -1 0 1 2})", [](M& to) { return updates(to, "lib", "rev 4"); }},
         {"startMediaLibUpdates", 21, parcel({i32(7), cstr("-1"), cstr("-1"), kFive}),
          "7, {null null -2 -1 0 1 2}", [](M& to) { return updates(to, nullptr, nullptr); }},
         Example("startMediaLibUpdates", 21, parcel({i32(7), cstr("-1"), cstr("-10"), kFive}),
                 "7, {null \"-10\" -2 -1 0 1 2}", [](M& to) { return updates(to, "-1", "-10"); })
-            .gives("7, {\"-1\" \"-10\" -2 -1 0 1 2}"),
+            .gives(R"(7, {"-1" "-10" -2 -1 0 1 2})"),
         // The first mask, 0xf1f1f1f1, lies where the second string is read, and runs on into the two others.
         Example("startMediaLibUpdates", 21,
                 parcel({i32(7), cstr("lib"), i32(0xf1f1f1f1), i32(0x02020202), i32(0x33), cstr("last")}),
                 "7, {\"lib\" \"\xf1\xf1\xf1\xf1\x02\x02\x02\x02\x33\" 1953718636 0 0 0 0}", maskedUpdates)
-            .gives("7, \"lib\", 4059165169, 33686018, 51, \"last\""),
+            .gives(R"(7, "lib", 4059165169, 33686018, 51, "last")"),
         {"stopMediaLibUpdates", 22, parcel({i32(7), cstr("lib")}), "7, \"lib\"",
          [](M& to) { return to.stopMediaLibUpdates(7, "lib"); }},
     };

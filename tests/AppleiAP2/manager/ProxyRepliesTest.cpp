@@ -12,8 +12,6 @@ namespace {
 
 using android::sp;
 using testing::Each;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 using Replies = ManagerProxyFixture;
 

@@ -7,7 +7,6 @@ namespace accessory::test {
 namespace {
 
 using android::sp;
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 using RequestValues = ManagerStubFixture;
@@ -47,6 +46,7 @@ TEST_F(RequestValues, AreThereWhenTheWordBeforeThemIsNotZero) {
     for (int i = 1; i < 32; ++i)
         bytes += " 5a";
     bytes += "]";
+    const std::string both = bytes + ", " + bytes;
     for (const int64_t word : {int64_t{1}, int64_t{2}, int64_t{0x100}, int64_t{-1}, int64_t{INT32_MIN}}) {
         const Bytes text = parcel({i32(word), cstr("u")});
         EXPECT_EQ(toldOf(67, parcel({i32(7), i32(3), text})), "AcceptCall(7, 3, \"u\")");
@@ -56,7 +56,7 @@ TEST_F(RequestValues, AreThereWhenTheWordBeforeThemIsNotZero) {
         EXPECT_EQ(toldOf(72, parcel({i32(7), i32(0), text})), "HoldStatusUpdate(7, false, \"u\")");
         EXPECT_EQ(toldOf(74, parcel({i32(7), i32(3), text})), "SendDTMF(7, 3, \"u\")");
         EXPECT_EQ(toldOf(78, parcel({i32(7), i32(2), i32(word), block, i32(word), block})),
-                  "BluetoothPairingAccessoryInformation(7, 2, " + bytes + ", " + bytes + ")");
+                  "BluetoothPairingAccessoryInformation(7, 2, " + both + ")");
         EXPECT_EQ(toldOf(79, parcel({i32(7), i32(2), i32(3), text})),
                   "BluetoothPairingStatus(7, 2, 3, \"u\")");
     }

@@ -46,7 +46,7 @@ std::vector<Example> wireless() {
         {"requestWiFiInformation", 35, i32(7), "7", [](M& to) { return to.requestWiFiInformation(7); }},
         {"accessoryWiFiConfigInforamtion", 36,
          parcel({i32(7), cstr("net"), cstr("secret!"), i32(-5), i32(0xf9)}),
-         "7, \"net\", \"secret!\", -5, 249",
+         R"(7, "net", "secret!", -5, 249)",
          [](M& to) { return to.accessoryWiFiConfigInforamtion(7, "net", "secret!", kSecurity, 0xf9); }},
     };
 }

@@ -9,7 +9,6 @@
 namespace accessory::test {
 namespace {
 
-using android::Parcel;
 using testing::Contains;
 using testing::Not;
 

@@ -14,9 +14,9 @@ namespace {
 using android::sp;
 using testing::Contains;
 
-constexpr uint32_t kFew = 2'000;      ///< 16-bit values for which there is memory
-constexpr uint32_t kMany = 40'000;    ///< and for which there is none
-constexpr size_t kLarge = 2 * kMany;  ///< bytes
+constexpr uint32_t kFew = 2'000;              ///< 16-bit values for which there is memory
+constexpr uint32_t kMany = 40'000;            ///< and for which there is none
+constexpr size_t kLarge = size_t{2} * kMany;  ///< bytes
 
 /// Bytes in use, as far as the heap's lists for small pieces do not hide them.
 size_t inUse() { return mallinfo2().uordblks; }

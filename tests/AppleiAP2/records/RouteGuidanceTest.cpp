@@ -9,7 +9,6 @@
 namespace accessory::test {
 namespace {
 
-using android::Parcel;
 using android::sp;
 using testing::ElementsAre;
 

@@ -31,7 +31,7 @@ int32_t ratingOf(const sp<iAP2MediaLibGroupData>& entry) {
     return static_cast<const iAP2MediaItem&>(*entry).getRating();
 }
 
-std::vector<sp<iAP2MediaLibGroupData>> takenFrom(sp<IiAP2MediaLibData> update) {
+std::vector<sp<iAP2MediaLibGroupData>> takenFrom(const sp<IiAP2MediaLibData>& update) {
     std::vector<sp<iAP2MediaLibGroupData>> items;
     for (uint32_t i = 0; i < kItems; ++i)
         items.push_back(update->getGroupData(i));

@@ -47,7 +47,7 @@ class DumpOutput {
 
     /// The text of the only write.
     std::string only() const {
-        const std::string text = next().value_or("nothing written");
+        std::string text = next().value_or("nothing written");
         EXPECT_EQ(next(), std::nullopt) << "a second write";
         return text;
     }

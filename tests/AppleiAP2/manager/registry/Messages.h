@@ -10,8 +10,8 @@ namespace accessory::test {
 
 /// One operation of the broadcaster.
 struct Message {
-    const char* operation;
-    const char* failure;  ///< between "notify the <index> " and " error ,ret:<result>"
+    const char* operation = nullptr;
+    const char* failure = nullptr;  ///< between "notify the <index> " and " error ,ret:<result>"
     bool logsSize = false;
     bool returnsLast = false;
     bool traces = true;

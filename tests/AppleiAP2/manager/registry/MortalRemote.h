@@ -32,7 +32,7 @@ class MortalRemote : public FakeRemote {
     android::status_t linkToDeath(const android::sp<DeathRecipient>& recipient, void* cookie,
                                   uint32_t flags) override {
         plain = plain && cookie == nullptr && flags == 0;
-        linked.push_back(recipient);
+        linked.emplace_back(recipient);
         return linkStatus;
     }
 

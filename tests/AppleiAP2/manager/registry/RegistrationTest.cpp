@@ -5,8 +5,6 @@
 namespace accessory::test {
 namespace {
 
-using android::sp;
-
 constexpr char kRecipient[] = "AppleiAP2NotifierDeathRecipient";
 
 class Registration : public RegistryFixture {

@@ -45,7 +45,7 @@ class Gate {
 /// A notifier that keeps notify() waiting at a gate and then fails with 77, which is logged under the lock.
 class Slow : public BnAppleiAP2ManagerNotifier {
   public:
-    Slow(Gate& gate, sp<Recorder> recorder) : BnAppleiAP2ManagerNotifier(recorder), mGate(gate) {}
+    Slow(Gate& gate, const sp<Recorder>& recorder) : BnAppleiAP2ManagerNotifier(recorder), mGate(gate) {}
     int notify(unsigned int, unsigned int) override {
         mGate.pass();
         return 77;
