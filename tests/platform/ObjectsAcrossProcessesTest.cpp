@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <utility>
 
 #include "tests/platform/TestObjects.h"
 #include "tests/platform/TestService.h"
@@ -26,6 +27,15 @@ int32_t ownerOfKept(const ServiceProcess& holder, int32_t* callingPid) {
     *callingPid = call.reply.readInt32();
     call.reply.readInt32();
     return call.reply.readInt32();
+}
+
+/// Gives @p object, and this process's last reference to it, to @p middle, has it back and kills the middle.
+sp<IBinder> passedOnByOneWhoDies(sp<IBinder> object, ServiceProcess* middle) {
+    ask(middle->object(), kKeep, object);
+    object = nullptr;
+    object = askForObject(middle->object(), kKept);
+    middle->kill();
+    return object;
 }
 
 TEST(SentObject, IsAProxyAtTheOtherEnd) {
@@ -143,10 +153,7 @@ TEST(PassedOnObject, OutlivesAGiverWhoDiesBeforeItsOwnerHasLetHimIn) {
     ServiceProcess middle;
     sp<IBinder> made = askForObject(owner.object(), kMake);
     owner.process().stop();
-    ask(middle.object(), kKeep, made);
-    made = nullptr;
-    made = askForObject(middle.object(), kKept);
-    middle.kill();
+    made = passedOnByOneWhoDies(std::move(made), &middle);
     owner.process().kill(SIGCONT);
     EXPECT_EQ(getpid(), ask(made, kCaller));
 }
@@ -162,10 +169,7 @@ TEST(PassedOnObject, OutlivesAGiverWhoSaidMuchBeforeHeDied) {
     owner.process().stop();
     for (int i = 0; i < 200; ++i)
         askForObject(middle.object(), kKept);
-    ask(middle.object(), kKeep, made);
-    made = nullptr;
-    made = askForObject(middle.object(), kKept);
-    middle.kill();
+    made = passedOnByOneWhoDies(std::move(made), &middle);
     owner.process().kill(SIGCONT);
     EXPECT_EQ(getpid(), ask(made, kCaller));
 }
