@@ -61,6 +61,10 @@ void Departures::hear() {
     const uint64_t timesDeserted = mNode.timesDeserted();
     for (const std::shared_ptr<Peer>& peer : dead) {
         peer->hearLastWords();
+        if (!peer->mayStandAtTheDoor()) {
+            peer->depart();
+            continue;
+        }
         patiently([&] { mHeard.push_back({timesDeserted, Clock::now() + kPatience, peer}); });
     }
 }

@@ -15,8 +15,8 @@ class Peer;
 
 /// A process that passes one of this process's objects on says so and may die. Until that is heard, nothing
 /// but its own reference keeps the object, and its link may still stand at the door: so a peer's references
-/// end when its links are read to their end and nobody stands at the door, though not much later than it
-/// dies.
+/// end when its links are read to their end and, unless its own was one of them, nobody stands at the door,
+/// though not much later than it dies.
 ///
 /// Peers are dealt with on the reactor's thread. mLock is taken before the reactor's, and no other under it.
 class Departures {

@@ -110,6 +110,11 @@ void Exports::forgetLocked(const Token& token, const PeerId& holder) {
     if (held->second.empty()) mHeld.erase(held);
 }
 
+bool Exports::isHolder(const PeerId& holder) {
+    const std::lock_guard<std::mutex> guard(mLock);
+    return mHeld.count(holder) > 0;
+}
+
 size_t Exports::size() {
     const std::lock_guard<std::mutex> guard(mLock);
     return mByToken.size();

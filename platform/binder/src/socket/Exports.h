@@ -43,6 +43,9 @@ class Exports {
     /// Forgets a process that has ended. @return the objects that nobody holds any more.
     Objects dropHolder(const PeerId& holder);
 
+    /// Whether there is anything that is counted for @p holder.
+    bool isHolder(const PeerId& holder);
+
     /// How many objects are lent.
     size_t size();
 

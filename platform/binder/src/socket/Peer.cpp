@@ -192,6 +192,14 @@ void Peer::hearLastWords() {
     mEndedLinks.clear();
 }
 
+bool Peer::mayStandAtTheDoor() {
+    {
+        const std::lock_guard<std::mutex> guard(mLock);
+        if (!mHasComeIn) return true;
+    }
+    return mNode.exports.isHolder(mHomecoming);
+}
+
 /// The references in front of the name: who has the same identity afterwards is counted anew.
 void Peer::depart() {
     mNode.letGo(mNode.exports.dropHolder(mId));

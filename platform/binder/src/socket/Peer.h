@@ -111,6 +111,9 @@ class Peer : public std::enable_shared_from_this<Peer> {
 
     /// Obeys what the dead process had said on its links. For Departures, on the reactor's thread.
     void hearLastWords();
+    /// Whether something that it said may still stand at the door: its only link, or a call with an object of
+    /// this process.
+    bool mayStandAtTheDoor();
     /// Ends its references; whoever has its identity afterwards is another peer.
     void depart();
 
@@ -170,8 +173,9 @@ class Peer : public std::enable_shared_from_this<Peer> {
     Credentials mCredentials;
     Quota::Share mSeeking;  // while a timer tries to open a link
     std::vector<std::shared_ptr<Link>> mLinks;
-    std::string mOutbox;     // link messages that the first link had no room for
-    bool mFlushing = false;  // a timer sends them
+    bool mHasComeIn = false;  // with a link, of which a process opens one at most
+    std::string mOutbox;      // link messages that the first link had no room for
+    bool mFlushing = false;   // a timer sends them
     std::vector<std::unique_ptr<Connection>> mIdle;
     std::unordered_map<Token, Proxy, SecretHash> mProxies;
 

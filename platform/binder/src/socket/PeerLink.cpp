@@ -89,6 +89,7 @@ status_t Peer::addLink(RuntimeFd* fd, const Credentials& credentials, Quota::Sha
     }
     mCredentials = credentials;
     mLinks.push_back(link);
+    mHasComeIn = mHasComeIn || !isOurs;
     flushLocked();
     return NO_ERROR;
 }
