@@ -53,14 +53,14 @@ class LoadConnections : public testing::Test {
             knockers.emplace_back("knocker", RoleArguments{service.name(), std::to_string(time.count())});
     }
 
-    /// Calls and samples while they knock; the first half warms up, which takes long on a busy machine.
+    /// Calls and samples while they knock; the first quarter warms up.
     void stayFor(std::chrono::seconds time) {
         const auto begin = steady_clock::now();
         bool warm = false;
         while (steady_clock::now() - begin < time && !HasFailure()) {
             neighbour.call();
             watch.sample();
-            if (!warm && steady_clock::now() - begin > time / 2) {
+            if (!warm && steady_clock::now() - begin > time / 4) {
                 warm = true;
                 watch.forget();
             }
